@@ -1,0 +1,90 @@
+// A table of texts with a data source and a delegate.
+#pragma once
+
+#include "platform/toolkit/View.h"
+
+#include <cstddef>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace specialpages::platform {
+
+class TableView;
+
+/// Row numbers from 0, ascending.
+using RowSet = std::set<std::size_t>;
+
+struct TableColumn {
+    std::string identifier;
+    std::string headerTitle;
+};
+
+class SPECIALPAGES_PLATFORM_API TableViewDataSource {
+  public:
+    virtual ~TableViewDataSource();
+    virtual std::size_t numberOfRowsInTableView(TableView& table) = 0;
+    /// The text of a cell; empty optional shows nothing.
+    virtual std::optional<std::string>
+    tableView_objectValueForTableColumn(TableView& table, const TableColumn& column, std::int64_t row) = 0;
+};
+
+class SPECIALPAGES_PLATFORM_API TableViewDelegate {
+  public:
+    virtual ~TableViewDelegate();
+    virtual void tableViewSelectionDidChange(TableView& table) = 0;
+    /// The tool tip of a cell; empty optional: none.
+    virtual std::optional<std::string> tableView_toolTipForCell(TableView& table, const TableColumn& column,
+                                                                std::int64_t row) = 0;
+};
+
+enum class ExtendingSelection : bool { no, yes };
+
+class SPECIALPAGES_PLATFORM_API TableView : public View {
+  public:
+    TableView() : View(ViewKind::table) {}
+
+    const std::vector<TableColumn>& tableColumns() const { return columns_; }
+    void setTableColumns(std::vector<TableColumn> columns);
+    void setHeaderTitle(std::size_t column, std::string title);
+
+    /// Both are borrowed; null takes them away.
+    void setDataSource(TableViewDataSource* source) { source_ = source; }
+    void setDelegate(TableViewDelegate* delegate) { delegate_ = delegate; }
+    /// What a double click on a row runs.
+    void setDoubleAction(const void* target, Action action);
+
+    /// Asks the data source for the number of rows anew. The selection stays, less rows past the end, and the
+    /// delegate is not told.
+    void reloadData();
+    std::size_t numberOfRows() const { return rows_; }
+    /// The shown text; empty for a row or column that is not there.
+    std::string text(std::size_t row, std::size_t column);
+    std::optional<std::string> toolTipForRow(std::size_t row);
+
+    const RowSet& selectedRowIndexes() const { return selection_; }
+    std::size_t numberOfSelectedRows() const { return selection_.size(); }
+    /// Rows past the end are left out. The delegate is told once, and only when the selection changed.
+    void selectRowIndexes(const RowSet& rows, ExtendingSelection extending);
+    void deselectAll();
+
+    /// The user selects exactly these rows. False, and nothing happens, when the table takes no events or a
+    /// row is not there.
+    bool userSelects(const RowSet& rows);
+    /// The user's double click: the double action fires (also on an empty table, as a click below the last
+    /// row does).
+    bool doubleClick();
+
+  private:
+    void setSelection(RowSet rows);
+    std::vector<TableColumn> columns_;
+    TableViewDataSource* source_ = nullptr;
+    TableViewDelegate* delegate_ = nullptr;
+    const void* doubleTarget_ = nullptr;
+    Action doubleAction_;
+    std::size_t rows_ = 0;
+    RowSet selection_;
+};
+
+} // namespace specialpages::platform

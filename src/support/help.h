@@ -1,0 +1,29 @@
+// The pane's help book, and the text that names a device's resources ("nib suffix-help suffix").
+#pragma once
+
+#include "platform/status.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace specialpages {
+
+/// Longest resource name, in bytes; longer ones are cut at a character boundary.
+inline constexpr std::size_t kMaxResourceNameBytes = 254;
+
+/// Part 0: what stands before the first "-"; part 1: what stands after it; any other part: the empty text.
+/// Null when there is no text or no "-" in it.
+std::optional<std::string> GetAppResourceName(std::optional<std::string_view> text, std::int32_t part);
+
+/// Kind 0: `first` and the name; kind 1: `second` and the name; any other kind: the name alone. Null for a
+/// null name.
+std::optional<std::string> GetAppFullResourceName(const std::optional<std::string>& name, std::int32_t kind,
+                                                  std::string_view first, std::string_view second);
+
+/// Registers the help book of the pane's bundle. fnfErr when the bundle is not loaded or has no help;
+/// otherwise the help viewer's status.
+platform::OSStatus RegisterMyHelpBook();
+
+} // namespace specialpages
