@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 namespace specialpages {
 namespace {
@@ -48,17 +49,17 @@ bool exception_goes_before(const SpecialPageRecord& exception, const SpecialPage
 
 /// One walk over both lists. Both keep their own order, and the place never goes back, so that a record that
 /// is out of order stands behind the one that was put in before it.
-RecordList merge(const RecordList& store, const RecordList& added, GoesBefore goes_before) {
+RecordList merge(RecordList store, const RecordList& added, GoesBefore goes_before) {
     RecordList merged;
     merged.reserve(store.size() + added.size());
     auto stored = store.begin();
     for (const auto& record : added) {
         while (stored != store.end() && !goes_before(record, *stored)) {
-            merged.push_back(*stored++);
+            merged.push_back(std::move(*stored++));
         }
         merged.push_back(record);
     }
-    merged.insert(merged.end(), stored, store.end());
+    std::move(stored, store.end(), std::back_inserter(merged));
     return merged;
 }
 
@@ -93,11 +94,11 @@ RecordList merge_covers(RecordList store, const RecordList& covers) {
 }
 
 RecordList merge_inserts(RecordList store, const RecordList& sorted) {
-    return merge(store, sorted, insert_goes_before);
+    return merge(std::move(store), sorted, insert_goes_before);
 }
 
 RecordList merge_exceptions(RecordList store, const RecordList& arranged) {
-    return merge(store, arranged, exception_goes_before);
+    return merge(std::move(store), arranged, exception_goes_before);
 }
 
 RecordList without_type(RecordList store, RecordType type) {
