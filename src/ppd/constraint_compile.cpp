@@ -1,5 +1,5 @@
-// The compiling half of constraint_index.h: one algorithm for the four forms, reached one constraint at a time or
-// for a whole PPD.
+// The compiling half of constraint_index.h: one algorithm for the four forms, reached one constraint at a
+// time or for a whole PPD.
 #include "platform/foundation/log.h"
 #include "ppd/constraint_index.h"
 #include "ppd/name_lookup.h"
@@ -13,7 +13,8 @@ namespace {
 
 constexpr std::uint32_t kNone = std::numeric_limits<std::uint32_t>::max();
 
-template <typename Item> std::span<const Item> span_of(const Item* items, int count) {
+template <typename Item>
+std::span<const Item> span_of(const Item* items, int count) {
     return items == nullptr || count <= 0 ? std::span<const Item>()
                                           : std::span(items, static_cast<std::size_t>(count));
 }
@@ -111,7 +112,8 @@ class ConstraintCompiler {
     CompiledOption* next_option(const CompiledOption& option);
 
     /// Calls `visit(option)` for the first option of the keyword, or for every one.
-    template <typename Visit> void visit_options(std::string_view keyword, bool every, Visit visit);
+    template <typename Visit>
+    void visit_options(std::string_view keyword, bool every, Visit visit);
 
     void collect_named_value(const ppd_const_t& constraint);
     void collect_active_values(const ppd_const_t& constraint, bool every_option);

@@ -1,11 +1,12 @@
-// The index of a PPD's constraints: which choices of the PPD forbid the choice "option:choice". It is a multimap
-// from that text to places of choices in the PPD, compiled once from the PPD's constraint list. It holds no text of
-// the forbidding side and owns nothing of the PPD; an entry means something only together with the PPD it was made
-// from.
+// The index of a PPD's constraints: which choices of the PPD forbid the choice "option:choice". It is a
+// multimap from that text to places of choices in the PPD, compiled once from the PPD's constraint list. It
+// holds no text of the forbidding side and owns nothing of the PPD; an entry means something only together
+// with the PPD it was made from.
 //
-// A constraint "*A x *B y" answers a question about B:y and none about A:x; a PPD that wants both directions states
-// both. Keys are compared byte for byte, although compiling compares the PPD's names without regard to case: an
-// entry whose constraint spells B:y otherwise than the option does is never found. Both are on purpose.
+// A constraint "*A x *B y" answers a question about B:y and none about A:x; a PPD that wants both directions
+// states both. Keys are compared byte for byte, although compiling compares the PPD's names without regard to
+// case: an entry whose constraint spells B:y otherwise than the option does is never found. Both are on
+// purpose.
 #pragma once
 
 #include <cups/ppd.h>
@@ -30,8 +31,8 @@ struct x_constraints {
     friend bool operator==(const x_constraints&, const x_constraints&) = default;
 };
 
-/// The hash of a key: h = 5 h + byte over its bytes up to the first NUL, taken as signed, in 64 bits that wrap. It
-/// decides the order in which a cache file is written, so it is the same on every machine.
+/// The hash of a key: h = 5 h + byte over its bytes up to the first NUL, taken as signed, in 64 bits that
+/// wrap. It decides the order in which a cache file is written, so it is the same on every machine.
 struct constraintHash {
     constexpr std::uint64_t operator()(std::string_view key) const {
         std::uint64_t hash = 0;
@@ -61,14 +62,14 @@ class ChoiceKey {
     std::string_view text_;
 };
 
-/// The multimap. Entries are held in buckets (hash modulo a prime), each a chain: a new key goes to the head of its
-/// bucket, a further entry of a key behind the first entry of that key. Before an insertion the buckets grow to the
-/// first prime of the list that is not below size + 1; the old buckets are then walked upward and each chain from
-/// its head, every entry going to the head of its new bucket. So the order of iteration, bucket by bucket, depends
-/// on the insertions alone.
+/// The multimap. Entries are held in buckets (hash modulo a prime), each a chain: a new key goes to the head
+/// of its bucket, a further entry of a key behind the first entry of that key. Before an insertion the
+/// buckets grow to the first prime of the list that is not below size + 1; the old buckets are then walked
+/// upward and each chain from its head, every entry going to the head of its new bucket. So the order of
+/// iteration, bucket by bucket, depends on the insertions alone.
 ///
-/// Keys are stored once, and all links are 32 bits wide: at most 4,294,967,294 entries and as many bytes of key
-/// text; insertions beyond are dropped.
+/// Keys are stored once, and all links are 32 bits wide: at most 4,294,967,294 entries and as many bytes of
+/// key text; insertions beyond are dropped.
 class ConstraintIndex {
     struct Key;
     struct Node;
@@ -114,8 +115,8 @@ class ConstraintIndex {
     void resize(std::size_t entries);
     /// Removes all entries. The bucket count stays.
     void clear();
-    /// Moves the entries of each key next to each other and gives spare memory back. Order, ids and bucket count
-    /// stay.
+    /// Moves the entries of each key next to each other and gives spare memory back. Order, ids and bucket
+    /// count stay.
     void pack();
 
     /// Bytes held on the heap.
@@ -230,27 +231,27 @@ class ConstraintIndex::const_iterator {
     std::uint32_t node_ = kNone;
 };
 
-// Compiling. A half of a constraint that names a choice means that choice, whatever it is called. A half without one
-// means every choice that does something: not the first of its option (by position alone), and not one called None,
-// Off or False. Options are looked for in the order of `groups` and `options`, never in sub-groups. Names of options
-// and choices are compared without regard to ASCII case. Whatever is not found adds nothing; a choice that stands
-// beyond position 65,535 adds no entry either, which is logged once a run.
+// Compiling. A half of a constraint that names a choice means that choice, whatever it is called. A half
+// without one means every choice that does something: not the first of its option (by position alone), and
+// not one called None, Off or False. Options are looked for in the order of `groups` and `options`, never in
+// sub-groups. Names of options and choices are compared without regard to ASCII case. Whatever is not found
+// adds nothing; a choice that stands beyond position 65,535 adds no entry either, which is logged once a run.
 
 /// The four forms of a constraint, by which of its choices are taken as named. Each adds the entries of the
 /// constraint at that position of `consts`; nothing for a null argument or a position outside the list.
 ///
 /// Neither is named: every option of each keyword takes part, a keyword that stands in two groups twice.
 void xConst2Hash_O1O2(const ppd_file_t* ppd, ConstraintIndex* index, std::int32_t constraintNumber);
-/// The first option called option1 that holds choice1; the choices of the first option called option2, each key in
-/// the option's own spelling.
+/// The first option called option1 that holds choice1; the choices of the first option called option2, each
+/// key in the option's own spelling.
 void xConst2Hash_O1C1O2(const ppd_file_t* ppd, ConstraintIndex* index, std::int32_t constraintNumber);
 /// The choices of the first option called option1; the key is the constraint's own text, unchecked.
 void xConst2Hash_O1O2C2(const ppd_file_t* ppd, ConstraintIndex* index, std::int32_t constraintNumber);
 /// The first option called option1 that holds choice1; the key is the constraint's own text, unchecked.
 void xConst2Hash_O1C1O2C2(const ppd_file_t* ppd, ConstraintIndex* index, std::int32_t constraintNumber);
 
-/// Adds the entries of all constraints of which at least one option stands in the list (exact comparison), each by
-/// the form that its empty choices call for. Does nothing when `ppd` or `index` is null.
+/// Adds the entries of all constraints of which at least one option stands in the list (exact comparison),
+/// each by the form that its empty choices call for. Does nothing when `ppd` or `index` is null.
 void compile_constraints(const ppd_file_t* ppd, ConstraintIndex* index,
                          std::span<const std::string> keywordList);
 

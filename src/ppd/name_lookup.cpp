@@ -14,15 +14,16 @@ constexpr std::uint64_t kMultiplier = 0x9E3779B97F4A7C15;
 /// Bit 5 of each byte: the one in which ASCII letters of both cases differ.
 constexpr std::uint64_t kCaseBits = 0x2020202020202020;
 
-constexpr char lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+constexpr char lower(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
 
 } // namespace
 
 bool equal_ignoring_case(std::string_view left, std::string_view right) {
-    return left.size() == right.size() && (left == right || std::equal(left.begin(), left.end(), right.begin(),
-                                                                        [](char a, char b) {
-                                                                            return lower(a) == lower(b);
-                                                                        }));
+    return left.size() == right.size() &&
+           (left == right || std::equal(left.begin(), left.end(), right.begin(),
+                                        [](char a, char b) { return lower(a) == lower(b); }));
 }
 
 NameTable::NameTable(NameCase name_case, std::size_t expected)

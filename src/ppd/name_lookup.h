@@ -1,5 +1,5 @@
-// Names of a PPD (option keywords, choice keywords) found fast, either exactly or without regard to ASCII case.
-// A table borrows the names it is given; they must outlive it and stay where they are.
+// Names of a PPD (option keywords, choice keywords) found fast, either exactly or without regard to ASCII
+// case. A table borrows the names it is given; they must outlive it and stay where they are.
 #pragma once
 
 #include <cstddef>
@@ -10,12 +10,13 @@
 
 namespace specialpages {
 
-/// Equality as strcasecmp has it in the C locale: only A-Z and a-z are the same letter, every byte from 0x80 on
-/// stands for itself, whatever the process locale says.
+/// Equality as strcasecmp has it in the C locale: only A-Z and a-z are the same letter, every byte from 0x80
+/// on stands for itself, whatever the process locale says.
 bool equal_ignoring_case(std::string_view left, std::string_view right);
 
 /// The text of a fixed character field: up to its NUL, or the whole field when it has none.
-template <std::size_t Size> std::string_view field_text(const char (&field)[Size]) {
+template <std::size_t Size>
+std::string_view field_text(const char (&field)[Size]) {
     const std::string_view whole(field, Size);
     return whole.substr(0, whole.find('\0'));
 }
