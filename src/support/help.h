@@ -3,6 +3,7 @@
 
 #include "platform/status.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -12,9 +13,11 @@ namespace specialpages {
 
 /// Longest resource name, in bytes; longer ones are cut at a character boundary.
 inline constexpr std::size_t kMaxResourceNameBytes = 254;
+/// Longest name with its prefix, in UTF-16 units; longer ones are cut at a character boundary.
+inline constexpr std::size_t kMaxFullResourceNameUnits = 255;
 
 /// Part 0: what stands before the first "-"; part 1: what stands after it; any other part: the empty text.
-/// Null when there is no text or no "-" in it.
+/// Null when there is no text or no "-" in it, or when the part is not UTF-8.
 std::optional<std::string> GetAppResourceName(std::optional<std::string_view> text, std::int32_t part);
 
 /// Kind 0: `first` and the name; kind 1: `second` and the name; any other kind: the name alone. Null for a
