@@ -36,6 +36,8 @@ class PrintHost final : public platform::PDEPluginCallback {
     /// The pane; null when the module has none for this printer. Its calls are the caller's to make.
     platform::PrintDialogPanel* panel() const { return panels_.empty() ? nullptr : panels_.front().get(); }
     platform::Window& window() { return window_; }
+    /// The module that openPane was given; not to be asked before.
+    const PaneModule& module() const { return *module_; }
 
     /// Marks a choice in the PPD; the page format follows. The pane learns of it at its next restore.
     /// HostError (usage).

@@ -159,7 +159,8 @@ class SettingsReader : public nlohmann::json_sax<ordered_json> {
         if (!inObject_) {
             fail("expected an object of settings, found " + found);
         }
-        fail(in_quotes(key_) + ": " + (array_ ? "expected texts in the array, found " : kExpectedValue) + found);
+        fail(in_quotes(key_) + ": " + (array_ ? "expected texts in the array, found " : kExpectedValue) +
+             found);
     }
 
     [[noreturn]] void fail(const std::string& detail) const {
@@ -207,7 +208,8 @@ PrintSettings parse_property_list_settings(std::string_view bytes, const std::st
             throw HostError(ErrorCode::input, name, "a key is empty");
         }
         if (!is_carried(key)) {
-            throw HostError(ErrorCode::input, name, in_quotes(key) + ": expected a key in UTF-8 without U+0000");
+            throw HostError(ErrorCode::input, name,
+                            in_quotes(key) + ": expected a key in UTF-8 without U+0000");
         }
         if (settings.value(key) != nullptr) {
             throw HostError(ErrorCode::input, name, "the key " + in_quotes(key) + " stands twice");
