@@ -1,5 +1,4 @@
 #include "records/SpecialPageRecord.h"
-
 #include "records/record_builder.h"
 
 #include <gtest/gtest.h>
@@ -13,9 +12,9 @@ namespace {
 
 TEST(SpecialPageRecord, NamesEveryKeyAsTheTicketsAndDictionariesDo) {
     const std::vector<std::string_view> expected{
-        "type",     "page",      "printingoptions", "coversoption", "insertoption", "insertquantity", "twoSidePrint",
-        "pagesize", "pagecolor", "pagetype",        "interposer",   "width",        "length",         "longmeasure",
-        "selected"};
+        "type",           "page",         "printingoptions", "coversoption", "insertoption",
+        "insertquantity", "twoSidePrint", "pagesize",        "pagecolor",    "pagetype",
+        "interposer",     "width",        "length",          "longmeasure",  "selected"};
     std::vector<std::string_view> names;
     for (std::size_t i = 0; i < kRecordKeyCount; ++i) {
         names.push_back(record_key_name(static_cast<RecordKey>(i)));

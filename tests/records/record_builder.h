@@ -1,6 +1,6 @@
 // Records in the words of a test: cover_front(), insert_after(3), exception("5-7"). Each has every key of its
-// kind with the dialog's defaults (first paper of every option, 210.0 by 297.0 mm) and, like a record that was
-// read back, no mark. Change one by its with().
+// kind with the dialog's defaults (first paper of every option, 210.0 by 297.0 mm) and, like a record that
+// was read back, no mark. Change one by its with().
 #pragma once
 
 #include "records/SpecialPageRecord.h"
@@ -43,8 +43,12 @@ inline SpecialPageRecord cover(const std::string& page, const std::string& cover
                                {RecordKey::printingoptions, "0"},
                                {RecordKey::coversoption, coversoption}});
 }
-inline SpecialPageRecord cover_front() { return cover("0", "1"); }
-inline SpecialPageRecord cover_back() { return cover("1", "2"); }
+inline SpecialPageRecord cover_front() {
+    return cover("0", "1");
+}
+inline SpecialPageRecord cover_back() {
+    return cover("1", "2");
+}
 
 inline SpecialPageRecord insert(const std::string& page, const std::string& option, std::int32_t sheets) {
     return with_default_paper({{RecordKey::type, "1"},
@@ -56,7 +60,9 @@ inline SpecialPageRecord insert(const std::string& page, const std::string& opti
 inline SpecialPageRecord insert_after(std::int32_t page, std::int32_t sheets = 1) {
     return insert(std::to_string(page), "0", sheets);
 }
-inline SpecialPageRecord insert_before_page_one(std::int32_t sheets = 1) { return insert("0", "1", sheets); }
+inline SpecialPageRecord insert_before_page_one(std::int32_t sheets = 1) {
+    return insert("0", "1", sheets);
+}
 
 inline SpecialPageRecord exception(const std::string& pages) {
     return with_default_paper(
@@ -64,7 +70,9 @@ inline SpecialPageRecord exception(const std::string& pages) {
 }
 
 /// A record of a kind that no dialog makes.
-inline SpecialPageRecord unknown_kind() { return insert_after(1).with(RecordKey::type, "3"); }
+inline SpecialPageRecord unknown_kind() {
+    return insert_after(1).with(RecordKey::type, "3");
+}
 
 inline SpecialPageRecord marked(const SpecialPageRecord& record) {
     return record.with(RecordKey::selected, "true");

@@ -1,6 +1,5 @@
-#include "records/record_order.h"
-
 #include "records/record_builder.h"
+#include "records/record_order.h"
 
 #include <gtest/gtest.h>
 
@@ -176,8 +175,8 @@ TEST(RecordOrder, DropsInsertsAtPageZeroWhateverTheirOption) {
 }
 
 TEST(RecordOrder, AnswersTheRecordsOfEachKindInListOrder) {
-    const RecordList list{cover_front(), insert_after(3, 2), exception("5"), insert_after(3, 1), unknown_kind(),
-                          cover_back()};
+    const RecordList list{cover_front(),      insert_after(3, 2), exception("5"),
+                          insert_after(3, 1), unknown_kind(),     cover_back()};
     EXPECT_EQ(records_of_type(list, 0), (RecordList{cover_front(), cover_back()}));
     EXPECT_EQ(records_of_type(list, 1), (RecordList{insert_after(3, 2), insert_after(3, 1)}));
     EXPECT_EQ(records_of_type(list, 2), RecordList{exception("5")});
@@ -206,7 +205,9 @@ TEST(RecordOrder, SelectedRowsPastTheEndCountForNoKind) {
 }
 
 TEST(RecordOrder, ReadsAnExceptionsPages) {
-    const auto pages = [](const char* text) { return page_range(exception(text)); };
+    const auto pages = [](const char* text) {
+        return page_range(exception(text));
+    };
     EXPECT_EQ(pages("9"), (PageRange{9, 9}));
     EXPECT_EQ(pages("5-7"), (PageRange{5, 7}));
     EXPECT_EQ(pages("5-"), (PageRange{5, 0}));

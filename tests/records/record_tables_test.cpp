@@ -1,6 +1,5 @@
 #include "records/record_tables.h"
 #include "records/ticket_keys.h"
-
 #include "support/settings_access.h"
 
 #include <gmock/gmock.h>
@@ -15,7 +14,8 @@ namespace {
 using ::testing::ElementsAre;
 
 TEST(RecordTables, NameKindsAndCoverPlacesByTheRecordsNumbers) {
-    EXPECT_THAT(gInsertPageTypeResourceString, ElementsAre("Cover String", "Insert String", "Exception String"));
+    EXPECT_THAT(gInsertPageTypeResourceString,
+                ElementsAre("Cover String", "Insert String", "Exception String"));
     EXPECT_THAT(gInsertPageNumResourceString, ElementsAre("Front String", "Back String"));
     EXPECT_THAT(customSizeLongMeasureString, ElementsAre("Custom Size Inch Text", "Custom Size MM Text"));
     EXPECT_THAT(tableColumnsTitleResourceString, ElementsAre("Page(s) Title", "Type Title", "Setup Title"));
@@ -32,11 +32,12 @@ TEST(RecordTables, NameTheDialogsOptionsByTheRecordsNumbers) {
 }
 
 constexpr std::array kAllTicketKeys{
-    kNPIFCommandTicketCount,   kNPIFCommandTicket,        kSpecialPageRecordCountTicket, kNPIFCoverCountTicket,
-    kNPIFCoverValueTicket,     kNPIFInsertionCountTicket, kNPIFInsertionValueTicket,     kNPIFExceptionCountTicket,
-    kNPIFExceptionValueTicket, kPageSizeArrayTicket,      kMediaTypeArrayTicket,         kMediaColorArrayTicket,
-    kWhetherMediaTypeTabTicket, kWhetherInterposerTicket, kWhetherMediaSizeA5Ticket,     kPrintTypeTicketKey,
-    kPrintTypeReference};
+    kNPIFCommandTicketCount,    kNPIFCommandTicket,        kSpecialPageRecordCountTicket,
+    kNPIFCoverCountTicket,      kNPIFCoverValueTicket,     kNPIFInsertionCountTicket,
+    kNPIFInsertionValueTicket,  kNPIFExceptionCountTicket, kNPIFExceptionValueTicket,
+    kPageSizeArrayTicket,       kMediaTypeArrayTicket,     kMediaColorArrayTicket,
+    kWhetherMediaTypeTabTicket, kWhetherInterposerTicket,  kWhetherMediaSizeA5Ticket,
+    kPrintTypeTicketKey,        kPrintTypeReference};
 
 TEST(TicketKeys, AllBeginWithTheCommonPrefixAndHoldOnePointAfterIt) {
     for (const auto key : kAllTicketKeys) {

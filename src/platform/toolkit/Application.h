@@ -3,6 +3,7 @@
 
 #include "platform/export.h"
 
+#include <cstddef>
 #include <functional>
 #include <string>
 #include <vector>
@@ -52,6 +53,10 @@ class SPECIALPAGES_PLATFORM_API Application {
     ApplicationFace* setFace(ApplicationFace* face);
 
   private:
+    friend class Window;
+    /// A window that is destroyed is in front no more, and its run is over.
+    void forget(const Window& window);
+    bool isRunning(const Window& window) const;
     struct Run {
         Window* window = nullptr;
         bool stopped = false;

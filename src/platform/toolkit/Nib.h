@@ -1,17 +1,20 @@
 // Nibs: Qt Designer's .ui XML, read into models of windows and views. One nib has one root widget, which
 // stands for the nib itself; its children are top-level views (any widget) and windows (QDialog).
 //
-// Of a widget the loader takes: its class (below), objectName (the outlet), title, text, enabled, visible,
-// toolTip, minimum, maximum, singleStep, value, the columns of a table, and these dynamic properties:
+// Of a widget the loader takes: its class (below), objectName (the outlet), title or windowTitle, text,
+// enabled, visible (not of a window, which is closed until the program opens it), toolTip, minimum, maximum,
+// singleStep, value, the items of a pop-up, the columns of a table, and these dynamic properties:
 //   tag                 number: the view's tag
 //   kind                string: one of the ViewKind names, in place of what the class stands for
-//   role                string: "default" or "cancel", the button that Return or Escape presses
+//   role                string: "default" or "cancel", the button of its window that Return or Escape presses
 //   object, objectOutlet  strings: a class that the owner instantiates for this view, and the outlet it goes
 //   to columnIdentifiers   string list: the identifiers of a table's columns
 // Layouts are looked through; spacers, actions and resources are ignored. Classes: QWidget, QFrame and
 // QGroupBox are views, QDialog a window, QPushButton and QToolButton buttons, QRadioButton, QComboBox a
 // pop-up, QLineEdit a text field, QLabel a static text, QPlainTextEdit, QTextEdit and QTextBrowser scrolling
-// texts, QTableWidget and QTableView tables. Any other class without a `kind` is an error.
+// texts, QTableWidget and QTableView tables. Any other class without a `kind` is an error, and so are a
+// window that is no child of the root, a role that is given to no button or outside a window, and an object
+// without its outlet. The file is UTF-8; its document type is passed over and declares no entities.
 #pragma once
 
 #include "platform/export.h"
@@ -61,7 +64,7 @@ struct NibElement {
     std::vector<NibElement> children;
 };
 
-/// Largest nesting of widgets and layouts that is read, and largest text.
+/// Largest nesting of widgets and layouts that is read, the root being the first, and largest text.
 inline constexpr int kMaxNibDepth = 64;
 inline constexpr std::size_t kMaxNibBytes = 8U * 1024 * 1024;
 
@@ -75,10 +78,13 @@ SPECIALPAGES_PLATFORM_API std::optional<NibElement> parse_nib(std::string_view x
 class SPECIALPAGES_PLATFORM_API Nib {
   public:
     /// Makes the views of a nib and connects them. Every widget that the owner accepts by its name becomes an
-    /// outlet; names that it does not know are no error. An `object` that cannot be made or connected is one.
+    /// outlet; names that it does not know are no error. Then the objects are made, so that they find all
+    /// outlets connected. An `object` that cannot be made or connected is an error, and so is a second
+    /// default or cancel button of a window. The root's name is no outlet. On failure the answer is null and
+    /// `error`, when given, says why; the owner then holds outlets whose views are gone.
     static std::unique_ptr<Nib> instantiate(const NibElement& root, NibOwner& owner,
                                             std::string* error = nullptr);
-    /// Reads the file and instantiates it.
+    /// Reads the file, at most kMaxNibBytes, and instantiates it. The error begins with the file's path.
     static std::unique_ptr<Nib> loadNibFile(const std::filesystem::path& file, NibOwner& owner,
                                             std::string* error = nullptr);
     ~Nib();
@@ -88,6 +94,7 @@ class SPECIALPAGES_PLATFORM_API Nib {
     const std::vector<std::shared_ptr<View>>& topLevelViews() const { return views_; }
 
   private:
+    class Builder;
     Nib() = default;
     std::vector<std::shared_ptr<View>> views_;
     std::vector<std::unique_ptr<NibObject>> objects_;

@@ -45,6 +45,7 @@ class SPECIALPAGES_PLATFORM_API MenuItem {
     const void* target() const { return target_; }
     const std::function<void(MenuItem& sender)>& action() const { return action_; }
     Menu* submenu() const { return submenu_.get(); }
+    /// Takes the menu over and answers it; null puts in an empty menu.
     Menu& setSubmenu(std::unique_ptr<Menu> submenu);
     Menu* menu() const { return menu_; }
 
@@ -80,19 +81,25 @@ class SPECIALPAGES_PLATFORM_API Menu {
     MenuItem* itemWithTag(std::int32_t tag) const;
     /// -1 when the item is not in this menu.
     std::int64_t indexOfItem(const MenuItem* item) const;
+    /// Takes the item over and answers it. Not null.
     MenuItem& addItem(std::unique_ptr<MenuItem> item);
     MenuItem& addItemWithTitle(std::string title);
+    /// Nothing when the index is negative or past the end. A pop-up whose selected item goes selects its
+    /// first one.
     void removeItemAtIndex(std::int64_t index);
     void removeAllItems();
     /// The item of the menu above that opens this one; null at the top.
     MenuItem* supermenuItem() const { return supermenuItem_; }
     bool autoenablesItems() const { return autoenables_; }
+    /// Kept for the program's sake: the headless menu never enables an item by itself.
     void setAutoenablesItems(bool autoenables) { autoenables_ = autoenables; }
 
   private:
     friend class MenuItem;
     friend class PopUpButton;
     void changed();
+    std::int64_t ownersSelection() const;
+    void changed(std::int64_t newSelection);
     std::vector<std::unique_ptr<MenuItem>> items_;
     MenuItem* supermenuItem_ = nullptr;
     PopUpButton* owner_ = nullptr;
@@ -111,7 +118,8 @@ class SPECIALPAGES_PLATFORM_API PopUpButton : public View {
     /// 0-based position among all items, hidden ones included; -1 when none is selected. The first item that
     /// is added to an empty pop-up becomes the selected one; an emptied pop-up has none.
     std::int64_t indexOfSelectedItem() const { return selected_; }
-    /// By program: no action fires. -1 selects nothing; an index past the end changes nothing.
+    /// By program: no action fires. -1 selects nothing; any other index without an item changes nothing.
+    /// ViewChange::value announces another index, also when the items around the selected one make it.
     void selectItemAtIndex(std::int64_t index);
     MenuItem* selectedItem() const;
     std::string titleOfSelectedItem() const;
@@ -119,14 +127,14 @@ class SPECIALPAGES_PLATFORM_API PopUpButton : public View {
 
     /// The user picks the item at `path` (position in the top menu, then in its sub-menu, ...). A top item
     /// becomes the selected one; then its own action fires, or the pop-up's when it has none. An item of a
-    /// sub-menu leaves the selection to its action. False, and nothing happens, when the pop-up does not
-    /// accept events or an item on the way is missing, hidden, disabled, a separator, or the last one has a
-    /// sub-menu.
+    /// sub-menu fires in the same way and leaves the selection to the action. False, and nothing happens,
+    /// when the pop-up does not accept events or an item on the way is missing, hidden, disabled, a
+    /// separator, or the last one has a sub-menu.
     bool pick(std::span<const std::int64_t> path);
 
   private:
     friend class Menu;
-    void menuChanged();
+    void itemsChanged(std::int64_t newSelection);
     Menu menu_;
     std::int64_t selected_ = -1;
 };

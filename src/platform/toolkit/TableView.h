@@ -19,6 +19,7 @@ using RowSet = std::set<std::size_t>;
 struct TableColumn {
     std::string identifier;
     std::string headerTitle;
+    bool operator==(const TableColumn&) const = default;
 };
 
 class SPECIALPAGES_PLATFORM_API TableViewDataSource {
@@ -56,11 +57,13 @@ class SPECIALPAGES_PLATFORM_API TableView : public View {
     void setDoubleAction(const void* target, Action action);
 
     /// Asks the data source for the number of rows anew. The selection stays, less rows past the end, and the
-    /// delegate is not told.
+    /// delegate is not told. ViewChange::rows is announced always, as the texts may be others.
     void reloadData();
     std::size_t numberOfRows() const { return rows_; }
     /// The shown text; empty for a row or column that is not there.
     std::string text(std::size_t row, std::size_t column);
+    /// The first tool tip that the delegate has for a cell of the row, columns taken in order; empty optional
+    /// when there is none.
     std::optional<std::string> toolTipForRow(std::size_t row);
 
     const RowSet& selectedRowIndexes() const { return selection_; }

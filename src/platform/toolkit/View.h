@@ -87,7 +87,8 @@ class SPECIALPAGES_PLATFORM_API View {
     /// never comes here.
     void sendAction();
 
-    /// Takes the subview over and answers it.
+    /// Takes the subview over, from its former superview too, and answers it. Not null. A view that would
+    /// come to stand in itself stays where it is.
     View& addSubview(std::shared_ptr<View> subview);
     const std::vector<std::shared_ptr<View>>& subviews() const { return subviews_; }
     View* superview() const { return superview_; }
@@ -100,8 +101,8 @@ class SPECIALPAGES_PLATFORM_API View {
     /// Asks the faces to draw the view anew; announced always.
     void display();
 
-    /// Adds an observer and answers its number for removeObserver. Observers may be removed while they are
-    /// told.
+    /// Adds an observer and answers its number for removeObserver. Observers may be added and removed while
+    /// they are told: one that was removed is not told any more, one that was added hears of the next change.
     int addObserver(Observer observer);
     void removeObserver(int number);
 

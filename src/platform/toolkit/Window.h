@@ -22,7 +22,9 @@ class SPECIALPAGES_PLATFORM_API Window : public View {
 
     /// The view that has the keyboard; null when none has. Leaving a text field ends its editing.
     View* firstResponder() const { return firstResponder_; }
-    /// False, and nothing happens, when the view stands in another window, is disabled or not shown.
+    /// Announced as ViewChange::focus of the window; null takes the keyboard away. False, and nothing
+    /// happens, when the view stands in another window, is disabled or not shown. False too when the action
+    /// of the field that was left moved the keyboard elsewhere.
     bool makeFirstResponder(View* view);
 
     /// The buttons that Return and Escape stand for; borrowed, null for none.

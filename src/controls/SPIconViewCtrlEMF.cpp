@@ -1,0 +1,30 @@
+#include "controls/SPIconViewCtrlEMF.h"
+
+#include "platform/foundation/Bundle.h"
+#include "platform/toolkit/IconView.h"
+#include "support/plugin_bundle.h"
+
+#include <utility>
+
+namespace specialpages {
+
+void SPIconViewCtrlEMF::CreateControl(platform::View* view, ControlTag viewTag, std::string iconName) {
+    CreateControl(view);
+    if (view != nullptr) {
+        view->setTag(viewTag);
+    }
+    IconName = std::move(iconName);
+}
+
+bool SPIconViewCtrlEMF::InitializeCtrl(platform::Bundle* bundle, ppd_file_s* withPPD) {
+    if (!BaseControlEMFSpecialPages::InitializeCtrl(bundle, withPPD)) {
+        return false;
+    }
+    auto* view = dynamic_cast<platform::IconView*>(ControlPtr);
+    if (view != nullptr && pluginBundle()) {
+        view->setImage(pluginBundle()->CFBundleCopyBundleURL() / IconName);
+    }
+    return true;
+}
+
+} // namespace specialpages

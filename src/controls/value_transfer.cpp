@@ -1,0 +1,216 @@
+#include "controls/value_transfer.h"
+
+#include "controls/BaseControlEMFSpecialPages.h"
+#include "controls/ControlPanel.h"
+#include "platform/foundation/log.h"
+#include "platform/foundation/numbers.h"
+#include "platform/foundation/preferences.h"
+#include "platform/print/PrintSettings.h"
+#include "platform/toolkit/View.h"
+#include "support/settings_access.h"
+#include "support/slash_decimal.h"
+#include "support/units.h"
+
+#include <algorithm>
+
+namespace specialpages {
+
+namespace {
+
+/// Longest text that a preference gives back, in bytes.
+constexpr std::size_t kMaxPreferenceBytes = 255;
+/// Status of a cipher that is not there, for the log.
+constexpr std::int32_t kNoCipher = -1;
+
+bool holdsPassword(std::string_view key) {
+    return std::find(kJBApasswordStr.begin(), kJBApasswordStr.end(), key) != kJBApasswordStr.end();
+}
+
+CipherResult run(const std::function<CipherResult(std::string_view)>& cipher, std::string_view text) {
+    return cipher ? cipher(text) : CipherResult{kNoCipher, {}};
+}
+
+bool hasKey(const char* key) {
+    return key != nullptr && *key != '\0';
+}
+
+} // namespace
+
+ValueTransferServices& valueTransferServices() {
+    static ValueTransferServices services;
+    return services;
+}
+
+bool BaseControlEMFSpecialPages::ConvertToPreferenceString(std::string&) {
+    return true;
+}
+
+bool BaseControlEMFSpecialPages::ConvertFromPreferenceString(std::string_view) {
+    return true;
+}
+
+bool BaseControlEMFSpecialPages::ConvertToTickectData(std::string&) {
+    return true;
+}
+
+bool BaseControlEMFSpecialPages::SetValueToTicket(platform::PrintSettings* settings, bool withParam) {
+    if (ctrlDataAccessInfoPtr == nullptr || !hasKey(ctrlDataAccessInfoPtr->ticketKey)) {
+        return false;
+    }
+    std::string text;
+    if (!ConvertToTickectData(text)) {
+        return false;
+    }
+    // Asking for null output empties a plain value only: an escaped one is written all the same.
+    if (needs_slash_decimal(text)) {
+        text = encode_slash_decimal(text);
+    } else if (IsOutputNullToTicket()) {
+        text.clear();
+    }
+    return SetValueToSettingsWithTicketKeyAndLock(text, settings, ctrlDataAccessInfoPtr->ticketKey, withParam) ==
+           platform::noErr;
+}
+
+bool BaseControlEMFSpecialPages::SetValueToTicket(platform::PrintSettings* settings, bool withParam,
+                                                  std::span<platform::View* const> encryptArray) {
+    const bool enciphered = ControlPtr != nullptr &&
+                            std::any_of(encryptArray.begin(), encryptArray.end(), [this](const platform::View* view) {
+                                return view != nullptr && view->tag() == ControlPtr->tag();
+                            });
+    return enciphered ? SetValueToTicketWithNSPEnc(settings, withParam) : SetValueToTicket(settings, withParam);
+}
+
+bool BaseControlEMFSpecialPages::SetValueToTicketWithNSPEnc(platform::PrintSettings* settings, bool withParam) {
+    if (ctrlDataAccessInfoPtr == nullptr || !hasKey(ctrlDataAccessInfoPtr->ticketKey)) {
+        return false;
+    }
+    std::string text;
+    if (!ConvertToTickectData(text)) {
+        return false;
+    }
+    if (GetUTF8StringLength(text) != 0) {
+        CipherResult result = run(valueTransferServices().encipher, text);
+        if (result.status != 0) {
+            platform::NSLog("##Plugin debug## SetValueToTicketWithNSPEnc encode fail: " +
+                            platform::decimal_text(result.status) + " ");
+            return false;
+        }
+        text = std::move(result.text);
+    }
+    if (IsOutputNullToTicket()) {
+        text.clear();
+    }
+    return SetValueToSettingsWithTicketKeyAndLock(text, settings, ctrlDataAccessInfoPtr->ticketKey, withParam) ==
+           platform::noErr;
+}
+
+bool BaseControlEMFSpecialPages::SetValueToPreference() {
+    if (ctrlDataAccessInfoPtr == nullptr || !hasKey(ctrlDataAccessInfoPtr->preferenceKey)) {
+        return true;
+    }
+    if (!ctrlDataBlkPtr) {
+        return false;
+    }
+    const auto& isUserAdmin = valueTransferServices().isUserAdmin;
+    if (userNameinPreference != platform::kCFPreferencesCurrentUser && !(isUserAdmin && isUserAdmin())) {
+        return true;
+    }
+    std::string text;
+    if (!ConvertToPreferenceString(text)) {
+        return false;
+    }
+    std::string key;
+    if (ctrlParentPanelPtr == nullptr ||
+        !CreateKeyWithCurrentPrinter(ctrlDataAccessInfoPtr->preferenceKey, ctrlParentPanelPtr->GetCurrentPrinterString(),
+                                     &key)) {
+        return false;
+    }
+    if (system_version() >= kVersionWithoutPreferences) {
+        return true;
+    }
+    platform::CFPreferencesSetValue(key, text, platform::kCFPreferencesAnyApplication, userNameinPreference,
+                                    platform::kCFPreferencesCurrentHost);
+    return platform::CFPreferencesSynchronize(platform::kCFPreferencesAnyApplication, userNameinPreference,
+                                              platform::kCFPreferencesCurrentHost);
+}
+
+bool BaseControlEMFSpecialPages::GetValueFromPreference() {
+    if (ctrlDataAccessInfoPtr == nullptr || !hasKey(ctrlDataAccessInfoPtr->preferenceKey)) {
+        return true;
+    }
+    if (!ctrlDataBlkPtr) {
+        return false;
+    }
+    std::string key;
+    if (ctrlParentPanelPtr == nullptr ||
+        !CreateKeyWithCurrentPrinter(ctrlDataAccessInfoPtr->preferenceKey, ctrlParentPanelPtr->GetCurrentPrinterString(),
+                                     &key)) {
+        return false;
+    }
+    if (system_version() >= kVersionWithoutPreferences) {
+        return false;
+    }
+    const auto text = platform::CFPreferencesCopyValue(key, platform::kCFPreferencesAnyApplication, userNameinPreference,
+                                                       platform::kCFPreferencesCurrentHost);
+    return text && text->size() <= kMaxPreferenceBytes && ConvertFromPreferenceString(*text);
+}
+
+bool BaseControlEMFSpecialPages::SetValueToPreferenceWithPrinterSettings() {
+    if (ctrlDataAccessInfoPtr == nullptr || !hasKey(ctrlDataAccessInfoPtr->preferenceKey)) {
+        return true;
+    }
+    if (!ctrlDataBlkPtr) {
+        return false;
+    }
+    const auto& isUserAdmin = valueTransferServices().isUserAdmin;
+    if (userNameinPreference != platform::kCFPreferencesCurrentUser && !(isUserAdmin && isUserAdmin())) {
+        return true;
+    }
+    std::string text;
+    if (!ConvertToPreferenceString(text)) {
+        return false;
+    }
+    if (holdsPassword(ctrlDataAccessInfoPtr->preferenceKey)) {
+        CipherResult result = run(valueTransferServices().encipher, text);
+        if (result.status != 0) {
+            platform::NSLog("##JBA debug##  SetValueToPreference encode fail: " +
+                            platform::decimal_text(result.status) + " ");
+            return false;
+        }
+        text = std::move(result.text);
+    }
+    platform::PrintSettings* settings =
+        ctrlParentPanelPtr == nullptr ? nullptr : ctrlParentPanelPtr->GetCurrentPMPrintSettings();
+    return settings == nullptr || platform::PMPrintSettingsSetValue(settings, ctrlDataAccessInfoPtr->preferenceKey, text,
+                                                                    false) == platform::noErr;
+}
+
+bool BaseControlEMFSpecialPages::GetValueFromPreferenceWithPrinterSettings() {
+    if (ctrlDataAccessInfoPtr == nullptr || !hasKey(ctrlDataAccessInfoPtr->preferenceKey)) {
+        return true;
+    }
+    if (!ctrlDataBlkPtr || ctrlParentPanelPtr == nullptr) {
+        return false;
+    }
+    platform::SettingsValue value;
+    if (platform::PMPrintSettingsGetValue(ctrlParentPanelPtr->GetCurrentPMPrintSettings(),
+                                          ctrlDataAccessInfoPtr->preferenceKey, value) != platform::noErr) {
+        return false;
+    }
+    const auto* text = std::get_if<std::string>(&value);
+    if (text == nullptr || text->size() > kMaxPreferenceBytes) {
+        return false;
+    }
+    if (!holdsPassword(ctrlDataAccessInfoPtr->preferenceKey)) {
+        return ConvertFromPreferenceString(*text);
+    }
+    const CipherResult result = run(valueTransferServices().decipher, *text);
+    if (result.status != 0) {
+        platform::NSLog("##JBA debug## GetValueFromPreference encode fail: " + platform::decimal_text(result.status) +
+                        " ");
+        return false;
+    }
+    return ConvertFromPreferenceString(result.text);
+}
+
+} // namespace specialpages

@@ -1,0 +1,147 @@
+#include "platform/toolkit/View.h"
+
+#include "platform/toolkit/Application.h"
+#include "platform/toolkit/Window.h"
+
+#include <algorithm>
+#include <cassert>
+
+namespace specialpages::platform {
+
+namespace {
+
+bool stands_in(const View* view, const View& tree) {
+    while (view != nullptr && view != &tree) {
+        view = view->superview();
+    }
+    return view != nullptr;
+}
+
+} // namespace
+
+View::~View() {
+    for (const auto& subview : subviews_) {
+        subview->superview_ = nullptr;
+    }
+}
+
+void View::setTag(std::int32_t tag) {
+    if (tag_ != tag) {
+        tag_ = tag;
+        announce(ViewChange::tag);
+    }
+}
+
+void View::setEnabled(bool enabled) {
+    if (enabled_ != enabled) {
+        enabled_ = enabled;
+        announce(ViewChange::enabled);
+    }
+}
+
+void View::setHidden(bool hidden) {
+    if (hidden_ != hidden) {
+        hidden_ = hidden;
+        announce(ViewChange::hidden);
+    }
+}
+
+bool View::isVisible() const {
+    return !hidden_ && (superview_ == nullptr || superview_->isVisible());
+}
+
+void View::setToolTip(std::string toolTip) {
+    if (toolTip_ != toolTip) {
+        toolTip_ = std::move(toolTip);
+        announce(ViewChange::toolTip);
+    }
+}
+
+void View::setTargetAction(const void* target, Action action) {
+    target_ = action ? target : nullptr;
+    action_ = std::move(action);
+}
+
+void View::sendAction() {
+    // A copy, since the action may set another one while it runs.
+    if (const Action action = action_) {
+        action(*this);
+    }
+}
+
+View& View::addSubview(std::shared_ptr<View> subview) {
+    assert(subview != nullptr);
+    View& added = *subview;
+    if (added.superview_ == this || stands_in(this, added)) {
+        return added;
+    }
+    if (added.superview_ != nullptr) {
+        Window* left = added.window();
+        if (left != nullptr && left != &added && stands_in(left->firstResponder(), added)) {
+            left->makeFirstResponder(nullptr);
+        }
+        std::erase(added.superview_->subviews_, subview);
+    }
+    added.superview_ = this;
+    subviews_.push_back(std::move(subview));
+    return added;
+}
+
+Window* View::window() {
+    for (View* view = this; view != nullptr; view = view->superview_) {
+        if (auto* window = dynamic_cast<Window*>(view)) {
+            return window;
+        }
+    }
+    return nullptr;
+}
+
+View* View::viewWithTag(std::int32_t tag) {
+    if (tag_ == tag) {
+        return this;
+    }
+    for (const auto& subview : subviews_) {
+        View* found = subview->kind() == ViewKind::window ? nullptr : subview->viewWithTag(tag);
+        if (found != nullptr) {
+            return found;
+        }
+    }
+    return nullptr;
+}
+
+void View::display() {
+    announce(ViewChange::display);
+}
+
+int View::addObserver(Observer observer) {
+    observers_.emplace_back(nextObserver_, std::move(observer));
+    return nextObserver_++;
+}
+
+void View::removeObserver(int number) {
+    std::erase_if(observers_, [&](const auto& entry) { return entry.first == number; });
+}
+
+bool View::acceptsEvents() {
+    Window* mine = window();
+    return enabled_ && isVisible() && (mine == nullptr || mine == Application::shared().frontWindow());
+}
+
+void View::announce(ViewChange change) {
+    // By numbers and copies, since an observer may take itself or another one away while it is told.
+    std::vector<int> numbers;
+    numbers.reserve(observers_.size());
+    for (const auto& entry : observers_) {
+        numbers.push_back(entry.first);
+    }
+    for (const int number : numbers) {
+        const auto entry = std::ranges::find(observers_, number, &std::pair<int, Observer>::first);
+        if (entry == observers_.end() || !entry->second) {
+            continue;
+        }
+        const Observer observer = entry->second;
+        observer(*this, change);
+    }
+}
+
+} // namespace specialpages::platform

@@ -1,0 +1,258 @@
+// The index of a PPD's constraints: which choices of the PPD forbid the choice "option:choice". It is a
+// multimap from that text to places of choices in the PPD, compiled once from the PPD's constraint list. It
+// holds no text of the forbidding side and owns nothing of the PPD; an entry means something only together
+// with the PPD it was made from.
+//
+// A constraint "*A x *B y" answers a question about B:y and none about A:x; a PPD that wants both directions
+// states both. Keys are compared byte for byte, although compiling compares the PPD's names without regard to
+// case: an entry whose constraint spells B:y otherwise than the option does is never found. Both are on
+// purpose.
+#pragma once
+
+#include <cups/ppd.h>
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <iterator>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace specialpages {
+
+/// Where one choice stands in a PPD: in its `groups`, that group's `options`, that option's `choices`.
+struct x_constraints {
+    std::uint16_t groupIndex = 0;
+    std::uint16_t optionIndex = 0;
+    std::uint16_t choiceIndex = 0;
+
+    friend bool operator==(const x_constraints&, const x_constraints&) = default;
+};
+
+/// The hash of a key: h = 5 h + byte over its bytes up to the first NUL, taken as signed, in 64 bits that
+/// wrap. It decides the order in which a cache file is written, so it is the same on every machine.
+struct constraintHash {
+    constexpr std::uint64_t operator()(std::string_view key) const {
+        std::uint64_t hash = 0;
+        for (const char byte : key) {
+            if (byte == '\0') {
+                break;
+            }
+            hash = 5 * hash + static_cast<std::uint64_t>(std::int64_t{static_cast<signed char>(byte)});
+        }
+        return hash;
+    }
+};
+
+/// The text "option:choice". At the lengths that PPDs allow it stands in the object itself.
+class ChoiceKey {
+  public:
+    ChoiceKey(std::string_view option, std::string_view choice);
+    ChoiceKey(const ChoiceKey&) = delete;
+    ChoiceKey& operator=(const ChoiceKey&) = delete;
+    ~ChoiceKey() = default;
+
+    std::string_view text() const { return text_; }
+
+  private:
+    std::array<char, 2 * PPD_MAX_NAME> short_text_;
+    std::string long_text_;
+    std::string_view text_;
+};
+
+/// The multimap. Entries are held in buckets (hash modulo a prime), each a chain: a new key goes to the head
+/// of its bucket, a further entry of a key behind the first entry of that key. Before an insertion the
+/// buckets grow to the first prime of the list that is not below size + 1; the old buckets are then walked
+/// upward and each chain from its head, every entry going to the head of its new bucket. So the order of
+/// iteration, bucket by bucket, depends on the insertions alone.
+///
+/// Keys are stored once, and all links are 32 bits wide: at most 4,294,967,294 entries and as many bytes of
+/// key text; insertions beyond are dropped.
+class ConstraintIndex {
+    struct Key;
+    struct Node;
+
+  public:
+    /// A key in the index. Valid until clear(); growth keeps it.
+    enum class KeyId : std::uint32_t {};
+    static constexpr KeyId kNoKey{0xFFFFFFFF};
+
+    static constexpr std::size_t kDefaultBuckets = 100;
+
+    /// The bucket count is the first prime of the list at or above the request: 193 for 100.
+    explicit ConstraintIndex(std::size_t requested_buckets = kDefaultBuckets);
+
+    struct Entry {
+        std::string_view key; ///< valid until the next insertion
+        x_constraints value;
+
+        friend bool operator==(const Entry&, const Entry&) = default;
+    };
+
+    /// Bucket by bucket, each chain from its head.
+    class const_iterator;
+    const_iterator begin() const;
+    const_iterator end() const;
+
+    /// The entries of one key, in chain order. Valid until the next insertion.
+    class Places;
+    Places equal_range(std::string_view key) const;
+
+    /// Answers the key's id; kNoKey when the index is full.
+    KeyId insert(std::string_view key, x_constraints value);
+    /// The same insertion for a key known to be here, without looking for it. kNoKey does nothing.
+    void insert(KeyId key, x_constraints value);
+
+    std::size_t size() const { return nodes_.size(); }
+    bool empty() const { return nodes_.empty(); }
+    /// Number of different keys.
+    std::size_t key_count() const { return keys_.size(); }
+    std::size_t bucket_count() const { return heads_.size(); }
+
+    /// Makes room for that many entries: grows, as told above, when it exceeds the bucket count.
+    void resize(std::size_t entries);
+    /// Removes all entries. The bucket count stays.
+    void clear();
+    /// Moves the entries of each key next to each other and gives spare memory back. Order, ids and bucket
+    /// count stay.
+    void pack();
+
+    /// Bytes held on the heap.
+    std::size_t memory_bytes() const;
+
+    /// The first prime of the list at or above the hint; the last one, 4294967291, for hints above it.
+    static std::size_t prime_at_or_above(std::size_t hint);
+
+  private:
+    static constexpr std::uint32_t kNone = 0xFFFFFFFF;
+
+    struct Key {
+        std::uint64_t hash;
+        std::uint32_t text;  ///< offset in texts_
+        std::uint32_t size;  ///< of the text
+        std::uint32_t first; ///< node
+        std::uint32_t next;  ///< key in the same bucket
+    };
+    struct Node {
+        x_constraints value;
+        std::uint32_t next; ///< node of the same key
+    };
+
+    std::string_view text_of(const Key& key) const { return {texts_.data() + key.text, key.size}; }
+    std::uint32_t find(std::string_view key, std::uint64_t hash) const;
+    std::uint32_t add_key(std::string_view key, std::uint64_t hash);
+    void link(Key& key, x_constraints value);
+    void reverse_places(Key& key);
+    void rehash(std::size_t buckets);
+
+    std::vector<std::uint32_t> heads_; ///< key at the head of each bucket
+    std::vector<Key> keys_;
+    std::vector<Node> nodes_;
+    std::vector<char> texts_;
+};
+
+class ConstraintIndex::Places {
+  public:
+    class const_iterator {
+      public:
+        using value_type = x_constraints;
+        using difference_type = std::ptrdiff_t;
+        using iterator_category = std::forward_iterator_tag;
+        using pointer = const x_constraints*;
+        using reference = const x_constraints&;
+
+        const_iterator() = default;
+        reference operator*() const { return nodes_[at_].value; }
+        pointer operator->() const { return &nodes_[at_].value; }
+        const_iterator& operator++() {
+            at_ = nodes_[at_].next;
+            return *this;
+        }
+        const_iterator operator++(int) {
+            const_iterator before = *this;
+            ++*this;
+            return before;
+        }
+        friend bool operator==(const const_iterator& left, const const_iterator& right) {
+            return left.at_ == right.at_;
+        }
+
+      private:
+        friend class Places;
+        const_iterator(const Node* nodes, std::uint32_t at) : nodes_(nodes), at_(at) {}
+
+        const Node* nodes_ = nullptr;
+        std::uint32_t at_ = kNone;
+    };
+
+    Places() = default;
+    const_iterator begin() const { return {nodes_, first_}; }
+    const_iterator end() const { return {nodes_, kNone}; }
+    bool empty() const { return first_ == kNone; }
+
+  private:
+    friend class ConstraintIndex;
+    Places(const Node* nodes, std::uint32_t first) : nodes_(nodes), first_(first) {}
+
+    const Node* nodes_ = nullptr;
+    std::uint32_t first_ = kNone;
+};
+
+class ConstraintIndex::const_iterator {
+  public:
+    using value_type = Entry;
+    using difference_type = std::ptrdiff_t;
+    using iterator_category = std::input_iterator_tag;
+    using pointer = void;
+    using reference = Entry;
+
+    const_iterator() = default;
+    Entry operator*() const;
+    const_iterator& operator++();
+    const_iterator operator++(int) {
+        const_iterator before = *this;
+        ++*this;
+        return before;
+    }
+    friend bool operator==(const const_iterator& left, const const_iterator& right) {
+        return left.node_ == right.node_;
+    }
+
+  private:
+    friend class ConstraintIndex;
+    void enter_bucket(std::size_t bucket);
+    void enter_key(std::uint32_t key);
+
+    const ConstraintIndex* index_ = nullptr;
+    std::size_t bucket_ = 0;
+    std::uint32_t key_ = kNone;
+    std::uint32_t node_ = kNone;
+};
+
+// Compiling. A half of a constraint that names a choice means that choice, whatever it is called. A half
+// without one means every choice that does something: not the first of its option (by position alone), and
+// not one called None, Off or False. Options are looked for in the order of `groups` and `options`, never in
+// sub-groups. Names of options and choices are compared without regard to ASCII case. Whatever is not found
+// adds nothing; a choice that stands beyond position 65,535 adds no entry either, which is logged once a run.
+
+/// The four forms of a constraint, by which of its choices are taken as named. Each adds the entries of the
+/// constraint at that position of `consts`; nothing for a null argument or a position outside the list.
+///
+/// Neither is named: every option of each keyword takes part, a keyword that stands in two groups twice.
+void xConst2Hash_O1O2(const ppd_file_t* ppd, ConstraintIndex* index, std::int32_t constraintNumber);
+/// The first option called option1 that holds choice1; the choices of the first option called option2, each
+/// key in the option's own spelling.
+void xConst2Hash_O1C1O2(const ppd_file_t* ppd, ConstraintIndex* index, std::int32_t constraintNumber);
+/// The choices of the first option called option1; the key is the constraint's own text, unchecked.
+void xConst2Hash_O1O2C2(const ppd_file_t* ppd, ConstraintIndex* index, std::int32_t constraintNumber);
+/// The first option called option1 that holds choice1; the key is the constraint's own text, unchecked.
+void xConst2Hash_O1C1O2C2(const ppd_file_t* ppd, ConstraintIndex* index, std::int32_t constraintNumber);
+
+/// Adds the entries of all constraints of which at least one option stands in the list (exact comparison),
+/// each by the form that its empty choices call for. Does nothing when `ppd` or `index` is null.
+void compile_constraints(const ppd_file_t* ppd, ConstraintIndex* index,
+                         std::span<const std::string> keywordList);
+
+} // namespace specialpages
