@@ -1,0 +1,35 @@
+// The commands, each with its options as they were typed. A command writes results and throws HostError.
+#pragma once
+
+#include "cli/open_pane.h"
+#include "cli/streams.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace specialpages::cli {
+
+struct ApplyOptions {
+    PaneOptions pane;
+    std::string out = kStandardStream;
+};
+/// Restores the pane from the settings, prints, and writes the settings.
+void apply_command(const ApplyOptions& options, Streams streams);
+
+struct ShowOptions {
+    std::optional<std::string> ppd; ///< with it, the pane's own texts are shown
+    std::string settings;
+    bool json = false;
+};
+/// The special pages of a settings file, as a table or as JSON.
+void show_command(const ShowOptions& options, Streams streams);
+
+/// Turns slash-decimal texts back into text, one a line; without values, the lines of the input. HostError
+/// (usage or input) naming the value or line that is malformed; those before it are written.
+void decode_command(const std::vector<std::string>& values, Streams streams);
+
+/// The line protocol, until `quit` or the end of input.
+void drive_command(const PaneOptions& options, Streams streams);
+
+} // namespace specialpages::cli

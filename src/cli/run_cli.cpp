@@ -1,0 +1,140 @@
+#include "cli/run_cli.h"
+
+#include "cli/commands.h"
+#include "host/HostError.h"
+#include "platform/foundation/log.h"
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+#include <exception>
+#include <ostream>
+#include <utility>
+
+namespace specialpages::cli {
+
+namespace {
+
+constexpr const char* kProgram = "special-pages";
+constexpr const char* kPpdHelp = "The printer's PPD";
+constexpr const char* kSettingsHelp = "Print settings of the job, JSON or *.plist (-: standard input)";
+constexpr const char* kLanguageHelp = "Language of the pane's texts, as in de or pt-BR";
+
+/// Shows the log on a stream while it lives.
+class LogOnStream {
+  public:
+    LogOnStream(bool verbose, std::ostream& err) : verbose_(verbose) {
+        if (verbose_) {
+            before_ = platform::setLogSink([&err](std::string_view line) { err << line << '\n'; });
+        }
+    }
+    ~LogOnStream() {
+        if (verbose_) {
+            platform::setLogSink(std::move(before_));
+        }
+    }
+    LogOnStream(const LogOnStream&) = delete;
+    LogOnStream& operator=(const LogOnStream&) = delete;
+
+  private:
+    bool verbose_;
+    platform::LogSink before_;
+};
+
+void add_marks(CLI::App& command, PaneOptions& options) {
+    command.add_option("--mark", options.marks, "Marks a PPD choice; may be given more than once")
+        ->type_name("OPTION=CHOICE")
+        ->allow_extra_args(false);
+}
+
+void add_apply(CLI::App& app, ApplyOptions& options) {
+    CLI::App& command = *app.add_subcommand(
+        "apply", "Restores the pane from print settings, prints, and writes the job's settings");
+    command.add_option("--ppd", options.pane.ppd, kPpdHelp)->type_name("FILE")->required();
+    command.add_option("--settings", options.pane.settings, kSettingsHelp)->type_name("IN");
+    add_marks(command, options.pane);
+    command.add_option("--printer", options.pane.printer, "Identifier of the printer (default: its model)")
+        ->type_name("ID");
+    command.add_option("--lang", options.pane.language, kLanguageHelp)->type_name("LANG");
+    command.add_option("--out", options.out, "Where the settings go (default -: standard output)")
+        ->type_name("OUT");
+}
+
+void add_show(CLI::App& app, ShowOptions& options) {
+    CLI::App& command = *app.add_subcommand("show", "Shows the special pages of a settings file");
+    command.add_option("--ppd", options.ppd, "The printer's PPD: shows the pane's own texts")
+        ->type_name("FILE");
+    command.add_flag("--json", options.json, "JSON in place of a table");
+    command.add_option("settings", options.settings, kSettingsHelp)->type_name("SETTINGS")->required();
+}
+
+void add_drive(CLI::App& app, PaneOptions& options) {
+    CLI::App& command =
+        *app.add_subcommand("drive", "Uses the pane by a line protocol: one JSON object a line in, one out");
+    command.add_option("--ppd", options.ppd, kPpdHelp)->type_name("FILE")->required();
+    command.add_option("--settings", options.settings, kSettingsHelp)->type_name("IN");
+    add_marks(command, options);
+    command.add_option("--lang", options.language, kLanguageHelp)->type_name("LANG");
+}
+
+void run_parsed(const std::vector<std::string>& arguments, Streams streams, CLI::App& app) {
+    app.require_subcommand(1);
+    app.fallthrough();
+    app.set_version_flag("--version", std::string(kProgram) + " " + SPECIALPAGES_VERSION,
+                         "Print the version and exit");
+    bool verbose = false;
+    app.add_flag("-v,--verbose", verbose, "Show log lines on standard error");
+    ApplyOptions apply;
+    add_apply(app, apply);
+    ShowOptions show;
+    add_show(app, show);
+    std::vector<std::string> values;
+    app.add_subcommand("decode", "Turns slash-decimal texts back into text, one a line")
+        ->add_option("values", values, "Texts; without any, lines are read from standard input")
+        ->type_name("VALUE");
+    PaneOptions drive;
+    add_drive(app, drive);
+
+    std::vector<std::string> reversed(arguments.rbegin(), arguments.rend()); // as the parser wants them
+    app.parse(std::move(reversed));
+
+    const LogOnStream log(verbose, streams.err);
+    if (app.got_subcommand("apply")) {
+        apply_command(apply, streams);
+    } else if (app.got_subcommand("show")) {
+        show_command(show, streams);
+    } else if (app.got_subcommand("decode")) {
+        decode_command(values, streams);
+    } else {
+        drive_command(drive, streams);
+    }
+    flush_results(streams.out);
+}
+
+int report(std::ostream& err, const std::string& sentence, int code) {
+    err << kProgram << ": " << sentence << '\n';
+    err.flush();
+    return code;
+}
+
+} // namespace
+
+int run_cli(const std::vector<std::string>& arguments, Streams streams) {
+    CLI::App app("Covers, inserts and exception pages of a print job", kProgram);
+    try {
+        run_parsed(arguments, streams, app);
+        return 0;
+    } catch (const CLI::Success& success) { // --help and --version
+        app.exit(success, streams.out, streams.err);
+        return streams.out.flush() ? 0 : host::exit_code(host::ErrorCode::other);
+    } catch (const CLI::ParseError& error) {
+        return report(streams.err, printable(error.what()) + " (see " + kProgram + " --help)",
+                      host::exit_code(host::ErrorCode::usage));
+    } catch (const host::HostError& error) {
+        return report(streams.err, error.what(), host::exit_code(error.code()));
+    } catch (const std::exception& error) {
+        return report(streams.err, printable(error.what()), host::exit_code(host::ErrorCode::other));
+    }
+}
+
+} // namespace specialpages::cli
