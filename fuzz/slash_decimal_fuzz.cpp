@@ -2,7 +2,7 @@
 // is read names the same text when it is written anew, and a refusal points into the value.
 
 #include "ticket/npif_command.h"
-#include "ticket/slash_decimal.h"
+#include "support/slash_decimal.h"
 
 #include <algorithm>
 #include <cstddef>

@@ -157,7 +157,8 @@ std::int32_t BaseControlEMFSpecialPages::DoControlUpdateConstrain() {
     return 0;
 }
 
-void BaseControlEMFSpecialPages::forEachControl(ConstraintRow row, void (BaseControlEMFSpecialPages::*operation)()) {
+void BaseControlEMFSpecialPages::forEachControl(ConstraintRow row,
+                                                void (BaseControlEMFSpecialPages::*operation)()) {
     if (ctrlParentPanelPtr == nullptr) {
         return;
     }

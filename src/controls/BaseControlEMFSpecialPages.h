@@ -1,14 +1,16 @@
-// The base of every control: one view of the toolkit with a value that has a life of its own. What a control shows
-// first, its default, the key that it writes and the controls that it touches are entries of static tables. The class
-// defines the value model and the empty form of every operation; a subclass overrides what its kind of view needs.
+// The base of every control: one view of the toolkit with a value that has a life of its own. What a control
+// shows first, its default, the key that it writes and the controls that it touches are entries of static
+// tables. The class defines the value model and the empty form of every operation; a subclass overrides what
+// its kind of view needs.
 //
-// Two value blocks are the model. The data block is the committed value, which counts for ticket and presets; the UI
-// block is the value last seen in the view, so that an event can compare old and new. Neither exists until a
-// subclass makes it in InitializeCtrl; controls without a value never have one. Every operation tolerates a missing
-// view, block or table: it does nothing and gives its neutral answer.
+// Two value blocks are the model. The data block is the committed value, which counts for ticket and presets;
+// the UI block is the value last seen in the view, so that an event can compare old and new. Neither exists
+// until a subclass makes it in InitializeCtrl; controls without a value never have one. Every operation
+// tolerates a missing view, block or table: it does nothing and gives its neutral answer.
 //
-// Disabling and hiding are counted, not flagged, since several controls may restrain one neighbour at once. A count may
-// go below zero on purpose: an Enable without an earlier Disable leaves -1, and the next Disable has no visible effect.
+// Disabling and hiding are counted, not flagged, since several controls may restrain one neighbour at once. A
+// count may go below zero on purpose: an Enable without an earlier Disable leaves -1, and the next Disable
+// has no visible effect.
 #pragma once
 
 #include "controls/control_tables.h"
@@ -42,8 +44,8 @@ using ValueBlock = std::optional<ControlValue>;
 using PPDChoices = std::vector<std::shared_ptr<PDEChoiceEMFSpecialPages>>;
 using SummaryText = std::map<std::string, std::string>;
 
-/// How long a chain of Update calls may get. No table of the pane comes near; a wrong one is cut off with a log line
-/// instead of hanging the host.
+/// How long a chain of Update calls may get. No table of the pane comes near; a wrong one is cut off with a
+/// log line instead of hanging the host.
 inline constexpr int kMaxUpdateDepth = 64;
 
 class BaseControlEMFSpecialPages : public platform::NibObject {
@@ -84,9 +86,10 @@ class BaseControlEMFSpecialPages : public platform::NibObject {
     virtual bool SetControlData(const ControlValue&) { return true; }
     /// Puts a given value into the view.
     virtual bool SetExternalValueToUI(const ControlValue& value, std::uint32_t size);
-    /// Stores a given value in the data block, which must exist: value type 2 an integer, 0 the first `size` bytes of a
-    /// text; any other type changes nothing. True always.
-    virtual bool setExternalValueToData(const ControlValue& value, std::uint32_t size, std::int32_t valueType);
+    /// Stores a given value in the data block, which must exist: value type 2 an integer, 0 the first `size`
+    /// bytes of a text; any other type changes nothing. True always.
+    virtual bool setExternalValueToData(const ControlValue& value, std::uint32_t size,
+                                        std::int32_t valueType);
     /// The view shows the default, the data block stays. True always.
     virtual bool SetDefaultValueToUI();
     virtual std::optional<ControlValue> GetDefaultDataBlk() const { return std::nullopt; }
@@ -123,9 +126,11 @@ class BaseControlEMFSpecialPages : public platform::NibObject {
     virtual bool GetValueFromPreference();
     virtual bool SetValueToPreferenceWithPrinterSettings();
     virtual bool GetValueFromPreferenceWithPrinterSettings();
-    /// Writes the value under the ticket key, in slash-decimal form when it needs it. False without a ticket key.
+    /// Writes the value under the ticket key, in slash-decimal form when it needs it. False without a ticket
+    /// key.
     virtual bool SetValueToTicket(platform::PrintSettings* settings, bool withParam);
-    /// The enciphered form for a control whose view's tag is among those of `encryptArray`, else the plain one.
+    /// The enciphered form for a control whose view's tag is among those of `encryptArray`, else the plain
+    /// one.
     virtual bool SetValueToTicket(platform::PrintSettings* settings, bool withParam,
                                   std::span<platform::View* const> encryptArray);
     virtual bool SetValueToTicketWithNSPEnc(platform::PrintSettings* settings, bool withParam);
@@ -134,12 +139,14 @@ class BaseControlEMFSpecialPages : public platform::NibObject {
 
     // Events and the wiring to other controls.
 
-    /// The view's action: UIEventHandler, then GetValueFromUI, so that during the event the UI block still holds the old
-    /// value.
+    /// The view's action: UIEventHandler, then GetValueFromUI, so that during the event the UI block still
+    /// holds the old value.
     virtual void RequestControlAction(platform::View* sender);
-    /// What a user's event does: update rows, the control itself, hide rows, disable rows, in this order. True.
+    /// What a user's event does: update rows, the control itself, hide rows, disable rows, in this order.
+    /// True.
     virtual bool UIEventHandler();
-    /// The same, run by program so that the neighbours come in line with the value. A subclass overrides them apart.
+    /// The same, run by program so that the neighbours come in line with the value. A subclass overrides them
+    /// apart.
     virtual bool SimulationUIEventHandler();
     virtual std::int32_t DoControlUpdateConstrain();
     virtual std::int32_t DoSelfUpdate() { return 0; }

@@ -40,7 +40,8 @@ void BasePrintPanelEMFSpecialPages::CreatePanel(platform::Window* window) {
     preferenceDictionaryAnyUserRef.reset();
 }
 
-template <typename Operation> void BasePrintPanelEMFSpecialPages::forEachControl(Operation operation) {
+template <typename Operation>
+void BasePrintPanelEMFSpecialPages::forEachControl(Operation operation) {
     for (BaseControlEMFSpecialPages* control : fCtrlGroupArray) {
         if (control != nullptr) {
             operation(*control);
@@ -49,7 +50,8 @@ template <typename Operation> void BasePrintPanelEMFSpecialPages::forEachControl
 }
 
 /// The first non-zero answer of a window, at which the walk ends; 0 when all answered 0.
-template <typename Operation> std::int32_t BasePrintPanelEMFSpecialPages::firstRefusal(Operation operation) {
+template <typename Operation>
+std::int32_t BasePrintPanelEMFSpecialPages::firstRefusal(Operation operation) {
     for (BasePrintPanelEMFSpecialPages* window : fWindowGroupArray) {
         if (window != nullptr) {
             if (const std::int32_t status = operation(*window); status != 0) {
@@ -69,7 +71,8 @@ std::int32_t BasePrintPanelEMFSpecialPages::RunTimeAddNewControl(BaseControlEMFS
     return _control_num_item++;
 }
 
-std::int32_t BasePrintPanelEMFSpecialPages::RunTimeAddNewInstallableControl(BaseControlEMFSpecialPages* control) {
+std::int32_t
+BasePrintPanelEMFSpecialPages::RunTimeAddNewInstallableControl(BaseControlEMFSpecialPages* control) {
     if (control == nullptr) {
         return _installableControl_num_item;
     }
@@ -90,7 +93,8 @@ std::int32_t BasePrintPanelEMFSpecialPages::RunTimeAddNewWindow(BasePrintPanelEM
 BaseControlEMFSpecialPages* BasePrintPanelEMFSpecialPages::GetPanelControl(ControlTag tag) {
     for (const auto* registry : {&fCtrlGroupArray, &fCtrlInstallableGroupArray}) {
         for (BaseControlEMFSpecialPages* control : *registry) {
-            if (control != nullptr && control->GetControlPtr() != nullptr && control->GetControlPtr()->tag() == tag) {
+            if (control != nullptr && control->GetControlPtr() != nullptr &&
+                control->GetControlPtr()->tag() == tag) {
                 return control;
             }
         }
@@ -106,7 +110,8 @@ BaseControlEMFSpecialPages* BasePrintPanelEMFSpecialPages::GetPanelControl(Contr
 }
 
 ppd_file_s* BasePrintPanelEMFSpecialPages::GetPPDRefFromCurrentPrintSession() {
-    return GetCurrentPrintSession() == nullptr || m_pPDECallbackObj == nullptr ? nullptr : m_pPDECallbackObj->ppdFile();
+    return GetCurrentPrintSession() == nullptr || m_pPDECallbackObj == nullptr ? nullptr
+                                                                               : m_pPDECallbackObj->ppdFile();
 }
 
 std::int32_t BasePrintPanelEMFSpecialPages::Open() {
@@ -128,12 +133,14 @@ std::int32_t BasePrintPanelEMFSpecialPages::GetSummaryText(std::map<std::string,
     return 0;
 }
 
-std::int32_t BasePrintPanelEMFSpecialPages::InitializeUserPaneControl(platform::Bundle* bundle, ppd_file_s* withPPD) {
+std::int32_t BasePrintPanelEMFSpecialPages::InitializeUserPaneControl(platform::Bundle* bundle,
+                                                                      ppd_file_s* withPPD) {
     forEachControl([&](auto& control) { control.InitializeCtrl(bundle, withPPD); });
     return 0;
 }
 
-std::int32_t BasePrintPanelEMFSpecialPages::InitilaizeChildWindow(platform::Bundle* bundle, ppd_file_s* withPPD) {
+std::int32_t BasePrintPanelEMFSpecialPages::InitilaizeChildWindow(platform::Bundle* bundle,
+                                                                  ppd_file_s* withPPD) {
     firstRefusal([&](auto& window) { return window.InitializeUserPane(bundle, withPPD); });
     return 0;
 }
@@ -225,14 +232,16 @@ std::int32_t BasePrintPanelEMFSpecialPages::SetValueToPreferenceWithPrinterSetti
     return firstRefusal([](auto& window) { return window.SetValueToPreferenceWithPrinterSettings(); });
 }
 
-std::int32_t BasePrintPanelEMFSpecialPages::SetValueToTicket(platform::PrintSettings* settings, bool withParam) {
+std::int32_t BasePrintPanelEMFSpecialPages::SetValueToTicket(platform::PrintSettings* settings,
+                                                             bool withParam) {
     forEachControl([&](auto& control) { control.SetValueToTicket(settings, withParam); });
     firstRefusal([&](auto& window) { return window.SetValueToTicket(settings, withParam); });
     return 0;
 }
 
-std::int32_t BasePrintPanelEMFSpecialPages::SetValueToTicket(platform::PrintSettings* settings, bool withParam,
-                                                             const std::vector<platform::View*>* encryptArray) {
+std::int32_t
+BasePrintPanelEMFSpecialPages::SetValueToTicket(platform::PrintSettings* settings, bool withParam,
+                                                const std::vector<platform::View*>* encryptArray) {
     forEachControl([&](auto& control) {
         if (encryptArray != nullptr) {
             control.SetValueToTicket(settings, withParam, *encryptArray);
@@ -244,7 +253,8 @@ std::int32_t BasePrintPanelEMFSpecialPages::SetValueToTicket(platform::PrintSett
     return 0;
 }
 
-std::int32_t BasePrintPanelEMFSpecialPages::ReInitializeUserPaneControl(platform::Bundle* bundle, ppd_file_s* withPPD) {
+std::int32_t BasePrintPanelEMFSpecialPages::ReInitializeUserPaneControl(platform::Bundle* bundle,
+                                                                        ppd_file_s* withPPD) {
     forEachControl([&](auto& control) {
         control.ReInitializeCtrl(bundle, withPPD);
         control.ResetStatus();
@@ -277,7 +287,8 @@ void BasePrintPanelEMFSpecialPages::SetxppdPtr(std::shared_ptr<ConstraintIndex> 
     }
 }
 
-std::int32_t BasePrintPanelEMFSpecialPages::InitializeUserPane(platform::Bundle* bundle, ppd_file_s* withPPD) {
+std::int32_t BasePrintPanelEMFSpecialPages::InitializeUserPane(platform::Bundle* bundle,
+                                                               ppd_file_s* withPPD) {
     pdeBundleRef = bundle;
     InitializeUserPaneControl(bundle, withPPD);
     SetControlEventHandler();
@@ -291,7 +302,8 @@ bool BasePrintPanelEMFSpecialPages::fillPrinterString(platform::PrintSession* se
     return SetPrinterString(session, &*currentPrintString) == 0;
 }
 
-bool BasePrintPanelEMFSpecialPages::SetCurrentPrintSettings(platform::PrintSettings* settings, ppd_file_s* andPPD,
+bool BasePrintPanelEMFSpecialPages::SetCurrentPrintSettings(platform::PrintSettings* settings,
+                                                            ppd_file_s* andPPD,
                                                             platform::PDEPluginCallback* andCallbackObj,
                                                             platform::PrintSession* withPrintSession) {
     m_pSettings = settings;
@@ -301,7 +313,8 @@ bool BasePrintPanelEMFSpecialPages::SetCurrentPrintSettings(platform::PrintSetti
         return false;
     }
     return firstRefusal([&](auto& window) {
-               return window.SetCurrentPrintSettings(settings, andPPD, andCallbackObj, withPrintSession) ? 0 : 1;
+               return window.SetCurrentPrintSettings(settings, andPPD, andCallbackObj, withPrintSession) ? 0
+                                                                                                         : 1;
            }) == 0;
 }
 
@@ -310,8 +323,9 @@ bool BasePrintPanelEMFSpecialPages::SetCurrentPrinterString(platform::PrintSessi
     return fillPrinterString(session);
 }
 
-void BasePrintPanelEMFSpecialPages::setPreferDictionary(std::shared_ptr<const PreferenceDictionary> dictionary,
-                                                        std::shared_ptr<const PreferenceDictionary> anyUserDictionary) {
+void BasePrintPanelEMFSpecialPages::setPreferDictionary(
+    std::shared_ptr<const PreferenceDictionary> dictionary,
+    std::shared_ptr<const PreferenceDictionary> anyUserDictionary) {
     preferenceDictionaryRef = std::move(dictionary);
     preferenceDictionaryAnyUserRef = std::move(anyUserDictionary);
     for (BasePrintPanelEMFSpecialPages* window : fWindowGroupArray) {
@@ -323,7 +337,8 @@ bool BasePrintPanelEMFSpecialPages::loadNibNamed(std::string_view name) {
     if (topLevelObjs) {
         return true;
     }
-    const auto file = pluginBundle() ? pluginBundle()->CFBundleCopyResourceURL(name, "nib", {}) : std::nullopt;
+    const auto file =
+        pluginBundle() ? pluginBundle()->CFBundleCopyResourceURL(name, "nib", {}) : std::nullopt;
     if (!file) {
         platform::NSLog("SpecialPagesPDE : nib " + std::string(name) + " is not in the bundle");
         return false;

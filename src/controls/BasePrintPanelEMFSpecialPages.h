@@ -1,11 +1,13 @@
-// A container of controls and of further panels: the base of the pane and of every modal window. Nearly all that it does
-// is to walk its registries and send one operation to every member, so the order of a walk and its stopping rule are the
-// design: controls first to last; windows first to last, and where an operation answers a status, no further than the
-// first window that answers non-zero. A walk's own answer is 0 whatever its members said, unless told otherwise.
+// A container of controls and of further panels: the base of the pane and of every modal window. Nearly all
+// that it does is to walk its registries and send one operation to every member, so the order of a walk and
+// its stopping rule are the design: controls first to last; windows first to last, and where an operation
+// answers a status, no further than the first window that answers non-zero. A walk's own answer is 0 whatever
+// its members said, unless told otherwise.
 //
-// Ownership: a control made in code is owned here, beside the registry that walks it; controls and windows that a nib
-// made belong to the nib. PPD, settings, session and host object are the host's and are borrowed until the next
-// SetCurrentPrintSettings. The constraint index is shared: a window keeps the one that it was handed until SetxppdPtr.
+// Ownership: a control made in code is owned here, beside the registry that walks it; controls and windows
+// that a nib made belong to the nib. PPD, settings, session and host object are the host's and are borrowed
+// until the next SetCurrentPrintSettings. The constraint index is shared: a window keeps the one that it was
+// handed until SetxppdPtr.
 #pragma once
 
 #include "controls/ControlPanel.h"
@@ -31,15 +33,17 @@ namespace specialpages {
 
 using PreferenceDictionary = std::map<std::string, std::string>;
 
-class BasePrintPanelEMFSpecialPages : public ControlPanel, public platform::NibObject, public platform::NibOwner {
+class BasePrintPanelEMFSpecialPages : public ControlPanel,
+                                      public platform::NibObject,
+                                      public platform::NibOwner {
   public:
     BasePrintPanelEMFSpecialPages();
     ~BasePrintPanelEMFSpecialPages() override;
 
     /// Keeps the host object (borrowed; it outlives the panel).
     void initWithCallback(platform::PDEPluginCallback* host);
-    /// Empties the registries, binds the window and puts every field to its start. A subclass then makes and registers
-    /// its controls and windows.
+    /// Empties the registries, binds the window and puts every field to its start. A subclass then makes and
+    /// registers its controls and windows.
     void CreatePanel(platform::Window* window);
 
     // Registration. The answers are the member's index.
@@ -47,7 +51,8 @@ class BasePrintPanelEMFSpecialPages : public ControlPanel, public platform::NibO
     /// A control that its nib owns. Without a view it is left out: the answer is then the count, unchanged.
     std::int32_t RunTimeAddNewControl(BaseControlEMFSpecialPages* control);
     /// A control made in code. Without a view it is destroyed at once and the pointer is null afterwards.
-    template <typename Control> std::int32_t RunTimeAddNewControl(std::unique_ptr<Control> control, Control*& field) {
+    template <typename Control>
+    std::int32_t RunTimeAddNewControl(std::unique_ptr<Control> control, Control*& field) {
         field = nullptr;
         const std::int32_t before = _control_num_item;
         const std::int32_t index = RunTimeAddNewControl(control.get());
@@ -81,7 +86,9 @@ class BasePrintPanelEMFSpecialPages : public ControlPanel, public platform::NibO
     const std::vector<std::string>& getGroupNameStrArrayRef() const { return AllGroupNameStrArray; }
     const std::vector<BaseControlEMFSpecialPages*>& getCtrlGroupArrayRef() const { return fCtrlGroupArray; }
     const PreferenceDictionary* getPreferenceDictionaryRef() const { return preferenceDictionaryRef.get(); }
-    const PreferenceDictionary* getPreferenceDictionaryAnyUserRef() const { return preferenceDictionaryAnyUserRef.get(); }
+    const PreferenceDictionary* getPreferenceDictionaryAnyUserRef() const {
+        return preferenceDictionaryAnyUserRef.get();
+    }
     std::shared_ptr<ConstraintIndex> Getxppd() override { return xppd; }
     SpecialPagesHub* hub() override { return pParentPane == nullptr ? nullptr : pParentPane->hub(); }
     static const std::vector<std::string>* GetPrinterSupporttedListRef() { return nullptr; }
@@ -96,7 +103,8 @@ class BasePrintPanelEMFSpecialPages : public ControlPanel, public platform::NibO
 
     std::int32_t Open();
     std::int32_t Close();
-    std::int32_t GetSummaryText(std::map<std::string, std::string>* text, std::vector<std::string>* orderArray);
+    std::int32_t GetSummaryText(std::map<std::string, std::string>* text,
+                                std::vector<std::string>* orderArray);
     std::int32_t InitializeUserPaneControl(platform::Bundle* bundle, ppd_file_s* withPPD);
     std::int32_t InitilaizeChildWindow(platform::Bundle* bundle, ppd_file_s* withPPD);
     std::int32_t SetControlEventHandler();
@@ -126,18 +134,19 @@ class BasePrintPanelEMFSpecialPages : public ControlPanel, public platform::NibO
 
     /// The panel's own controls are ready and wired before any child window starts. Answers 0.
     virtual std::int32_t InitializeUserPane(platform::Bundle* bundle, ppd_file_s* withPPD);
-    /// Stores all but the session, asks the printer's identifier, and hands the four to every window. False when the
-    /// session has no printer, or at the first window that answers false.
+    /// Stores all but the session, asks the printer's identifier, and hands the four to every window. False
+    /// when the session has no printer, or at the first window that answers false.
     bool SetCurrentPrintSettings(platform::PrintSettings* settings, ppd_file_s* andPPD,
-                                 platform::PDEPluginCallback* andCallbackObj, platform::PrintSession* withPrintSession);
+                                 platform::PDEPluginCallback* andCallbackObj,
+                                 platform::PrintSession* withPrintSession);
     /// Stores the session and asks the printer's identifier; false when it has none.
     bool SetCurrentPrinterString(platform::PrintSession* session);
     /// Keeps the dictionaries, shared with every window.
     void setPreferDictionary(std::shared_ptr<const PreferenceDictionary> dictionary,
-                                     std::shared_ptr<const PreferenceDictionary> anyUserDictionary);
+                             std::shared_ptr<const PreferenceDictionary> anyUserDictionary);
 
-    /// Loads a nib of the pane's bundle with this panel as owner; nothing when one is loaded already. False when the nib is
-    /// not there or malformed (logged).
+    /// Loads a nib of the pane's bundle with this panel as owner; nothing when one is loaded already. False
+    /// when the nib is not there or malformed (logged).
     bool loadNibNamed(std::string_view name);
 
     // A panel that loads no nib of its own knows no outlets.
@@ -168,8 +177,10 @@ class BasePrintPanelEMFSpecialPages : public ControlPanel, public platform::NibO
 
   private:
     bool fillPrinterString(platform::PrintSession* session);
-    template <typename Operation> void forEachControl(Operation operation);
-    template <typename Operation> std::int32_t firstRefusal(Operation operation);
+    template <typename Operation>
+    void forEachControl(Operation operation);
+    template <typename Operation>
+    std::int32_t firstRefusal(Operation operation);
 
     // The nib goes last: views must outlive the controls that point at them.
     std::unique_ptr<platform::Nib> topLevelObjs;

@@ -1,5 +1,5 @@
-// What a control asks of the panel that it is registered with. The panel base implements it, so that no control has to
-// know a panel class.
+// What a control asks of the panel that it is registered with. The panel base implements it, so that no
+// control has to know a panel class.
 #pragma once
 
 #include "controls/control_tables.h"
@@ -29,7 +29,8 @@ class ControlPanel {
     ControlPanel& operator=(const ControlPanel&) = delete;
     virtual ~ControlPanel() = default;
 
-    /// The control whose view has the tag: the panel's own first, then those of its windows; null when there is none.
+    /// The control whose view has the tag: the panel's own first, then those of its windows; null when there
+    /// is none.
     virtual BaseControlEMFSpecialPages* GetPanelControl(ControlTag tag) = 0;
     virtual ppd_file_s* GetCurrentPPD() = 0;
     virtual platform::PrintSettings* GetCurrentPMPrintSettings() = 0;

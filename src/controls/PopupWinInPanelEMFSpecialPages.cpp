@@ -19,7 +19,8 @@ void PopupWinInPanelEMFSpecialPages::CreatePanel(platform::Window* window, const
     PopupWinInPanel(window, theWinTitleStr);
 }
 
-std::int32_t PopupWinInPanelEMFSpecialPages::InitializeUserPane(platform::Bundle* bundle, ppd_file_s* withPPD) {
+std::int32_t PopupWinInPanelEMFSpecialPages::InitializeUserPane(platform::Bundle* bundle,
+                                                                ppd_file_s* withPPD) {
     if (withPPD != nullptr && !LocalizeTableName) {
         const ppd_attr_t* index = ppdFindAttr_ALT(withPPD, kLocalizationAttribute);
         if (index != nullptr && index->value != nullptr) {

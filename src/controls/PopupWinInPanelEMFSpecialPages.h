@@ -1,6 +1,7 @@
-// A modal window that belongs to a panel: every dialog of the pane. It reuses the panel's registries and walks and adds
-// the modal run. Each opening rebuilds its controls from the tables; the result of the dialog reaches the rest of the
-// pane only through its OK button, so that Cancel leaves every committed value as it was.
+// A modal window that belongs to a panel: every dialog of the pane. It reuses the panel's registries and
+// walks and adds the modal run. Each opening rebuilds its controls from the tables; the result of the dialog
+// reaches the rest of the pane only through its OK button, so that Cancel leaves every committed value as it
+// was.
 #pragma once
 
 #include "controls/BasePrintPanelEMFSpecialPages.h"
@@ -11,8 +12,8 @@ class PopupWinInPanelEMFSpecialPages : public BasePrintPanelEMFSpecialPages {
   public:
     using BasePrintPanelEMFSpecialPages::CreatePanel;
 
-    /// Binds the window (null: the nib does not provide it, and the dialog then never opens) and the key of its title
-    /// (null: none). A subclass calls it first and then makes its controls.
+    /// Binds the window (null: the nib does not provide it, and the dialog then never opens) and the key of
+    /// its title (null: none). A subclass calls it first and then makes its controls.
     void PopupWinInPanel(platform::Window* window, const char* theWinTitleStr);
     /// What the pane calls: a subclass makes its controls here.
     virtual void CreatePanel(platform::Window* window, const char* theWinTitleStr);

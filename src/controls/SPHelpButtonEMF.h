@@ -1,5 +1,5 @@
-// The help button of the pane and of every dialog. Which page it opens follows the device: the PPD's product attribute
-// names a resource suffix, which takes the place of the page's default name.
+// The help button of the pane and of every dialog. Which page it opens follows the device: the PPD's product
+// attribute names a resource suffix, which takes the place of the page's default name.
 #pragma once
 
 #include "controls/BaseButtonEMFSpecialPages.h"

@@ -1,5 +1,5 @@
-// The roads between siblings: dialogs, lists and buttons reach each other only through these getters of the main pane.
-// Types are named only, so that a user of one road includes no other.
+// The roads between siblings: dialogs, lists and buttons reach each other only through these getters of the
+// main pane. Types are named only, so that a user of one road includes no other.
 #pragma once
 
 #include <cstdint>
@@ -48,8 +48,8 @@ class SpecialPagesHub {
 
     /// The record list is about to change: the undo button takes its backup.
     virtual void toMakeChange() = 0;
-    /// Asks the user before records are deleted (kind 0: the selected ones, 1: all). True after the user agreed and
-    /// toMakeChange was sent; false, and nothing sent, otherwise or without a warning window.
+    /// Asks the user before records are deleted (kind 0: the selected ones, 1: all). True after the user
+    /// agreed and toMakeChange was sent; false, and nothing sent, otherwise or without a warning window.
     virtual bool sureToMakeChange(std::int32_t kind) = 0;
 };
 

@@ -10,8 +10,10 @@
 
 namespace specialpages {
 
-void StaticTextEditControlEMFSpecialPages::CreateControl(platform::View* view, const ConstraintRecord* constrain,
-                                                         const AccessInfo* accessInfo, std::string_view usernamein,
+void StaticTextEditControlEMFSpecialPages::CreateControl(platform::View* view,
+                                                         const ConstraintRecord* constrain,
+                                                         const AccessInfo* accessInfo,
+                                                         std::string_view usernamein,
                                                          const char* summaryInfo) {
     CreateControl(view);
     ctrlConstrainControlArray = constrain;
@@ -52,11 +54,13 @@ bool StaticTextEditControlEMFSpecialPages::showText(std::string text) {
 void StaticTextEditControlEMFSpecialPages::setViewEnabled(bool enabled) {
     BaseControlEMFSpecialPages::setViewEnabled(enabled);
     if (auto* view = dynamic_cast<platform::TextField*>(ControlPtr)) {
-        view->setTextColor(enabled ? platform::TextColor::controlTextColor : platform::TextColor::lightGrayColor);
+        view->setTextColor(enabled ? platform::TextColor::controlTextColor
+                                   : platform::TextColor::lightGrayColor);
     }
 }
 
-void VersionStringSTextEMFSpecialPages::CreateControl(platform::View* view, const char* withTitle, bool CDFSupport) {
+void VersionStringSTextEMFSpecialPages::CreateControl(platform::View* view, const char* withTitle,
+                                                      bool CDFSupport) {
     CreateControl(view, nullptr, nullptr, {}, withTitle);
     IsCDFSupported = CDFSupport;
 }
@@ -69,8 +73,10 @@ bool VersionStringSTextEMFSpecialPages::InitializeCtrl(platform::Bundle*, ppd_fi
 }
 
 bool VersionStringSTextEMFSpecialPages::InitializeTitle(platform::Bundle* bundle) {
-    const auto version = bundle == nullptr ? std::nullopt : bundle->objectForInfoDictionaryKey("CFBundleVersion");
-    return version && showText("Ver." + platform::replace_all(*version, " Build ", ".") + (IsCDFSupported ? "" : "."));
+    const auto version =
+        bundle == nullptr ? std::nullopt : bundle->objectForInfoDictionaryKey("CFBundleVersion");
+    return version &&
+           showText("Ver." + platform::replace_all(*version, " Build ", ".") + (IsCDFSupported ? "" : "."));
 }
 
 void VersionStringSTextEMFSpecialPages::ResetStatus() {

@@ -1,5 +1,5 @@
-// A text that the user reads and does not edit: its content is a key of the localised table. It keeps the counting rules
-// of every control and also shows its state by the text's colour.
+// A text that the user reads and does not edit: its content is a key of the localised table. It keeps the
+// counting rules of every control and also shows its state by the text's colour.
 #pragma once
 
 #include "controls/BaseControlEMFSpecialPages.h"
@@ -27,8 +27,8 @@ class StaticTextEditControlEMFSpecialPages : public BaseControlEMFSpecialPages {
     const char* summarytextRef = nullptr;
 };
 
-/// The version of the pane, read from its bundle. The main pane only initialises it, so that it stays hidden there; a
-/// dialog that is reopened resets it too, and that shows it.
+/// The version of the pane, read from its bundle. The main pane only initialises it, so that it stays hidden
+/// there; a dialog that is reopened resets it too, and that shows it.
 class VersionStringSTextEMFSpecialPages : public StaticTextEditControlEMFSpecialPages {
   public:
     using StaticTextEditControlEMFSpecialPages::CreateControl;

@@ -1,6 +1,6 @@
-// The static tables that declare a control: what it shows first and falls back to, where its value is written, and
-// which other controls it disables, hides and updates. Tables are constant data; controls only point at them. Texts in
-// tables are localisation keys.
+// The static tables that declare a control: what it shows first and falls back to, where its value is
+// written, and which other controls it disables, hides and updates. Tables are constant data; controls only
+// point at them. Texts in tables are localisation keys.
 #pragma once
 
 #include <cstdint>
@@ -35,8 +35,9 @@ struct ConstraintRecord {
 
 /// The row at `index`, empty when the index is negative or past the end.
 constexpr ConstraintRow row_at(ConstraintRows rows, std::int64_t index) {
-    return index < 0 || index >= static_cast<std::int64_t>(rows.size()) ? ConstraintRow{}
-                                                                        : rows[static_cast<std::size_t>(index)];
+    return index < 0 || index >= static_cast<std::int64_t>(rows.size())
+               ? ConstraintRow{}
+               : rows[static_cast<std::size_t>(index)];
 }
 
 } // namespace specialpages

@@ -67,20 +67,23 @@ bool BaseControlEMFSpecialPages::SetValueToTicket(platform::PrintSettings* setti
     } else if (IsOutputNullToTicket()) {
         text.clear();
     }
-    return SetValueToSettingsWithTicketKeyAndLock(text, settings, ctrlDataAccessInfoPtr->ticketKey, withParam) ==
-           platform::noErr;
+    return SetValueToSettingsWithTicketKeyAndLock(text, settings, ctrlDataAccessInfoPtr->ticketKey,
+                                                  withParam) == platform::noErr;
 }
 
 bool BaseControlEMFSpecialPages::SetValueToTicket(platform::PrintSettings* settings, bool withParam,
                                                   std::span<platform::View* const> encryptArray) {
-    const bool enciphered = ControlPtr != nullptr &&
-                            std::any_of(encryptArray.begin(), encryptArray.end(), [this](const platform::View* view) {
-                                return view != nullptr && view->tag() == ControlPtr->tag();
-                            });
-    return enciphered ? SetValueToTicketWithNSPEnc(settings, withParam) : SetValueToTicket(settings, withParam);
+    const bool enciphered =
+        ControlPtr != nullptr &&
+        std::any_of(encryptArray.begin(), encryptArray.end(), [this](const platform::View* view) {
+            return view != nullptr && view->tag() == ControlPtr->tag();
+        });
+    return enciphered ? SetValueToTicketWithNSPEnc(settings, withParam)
+                      : SetValueToTicket(settings, withParam);
 }
 
-bool BaseControlEMFSpecialPages::SetValueToTicketWithNSPEnc(platform::PrintSettings* settings, bool withParam) {
+bool BaseControlEMFSpecialPages::SetValueToTicketWithNSPEnc(platform::PrintSettings* settings,
+                                                            bool withParam) {
     if (ctrlDataAccessInfoPtr == nullptr || !hasKey(ctrlDataAccessInfoPtr->ticketKey)) {
         return false;
     }
@@ -100,8 +103,8 @@ bool BaseControlEMFSpecialPages::SetValueToTicketWithNSPEnc(platform::PrintSetti
     if (IsOutputNullToTicket()) {
         text.clear();
     }
-    return SetValueToSettingsWithTicketKeyAndLock(text, settings, ctrlDataAccessInfoPtr->ticketKey, withParam) ==
-           platform::noErr;
+    return SetValueToSettingsWithTicketKeyAndLock(text, settings, ctrlDataAccessInfoPtr->ticketKey,
+                                                  withParam) == platform::noErr;
 }
 
 bool BaseControlEMFSpecialPages::SetValueToPreference() {
@@ -121,8 +124,8 @@ bool BaseControlEMFSpecialPages::SetValueToPreference() {
     }
     std::string key;
     if (ctrlParentPanelPtr == nullptr ||
-        !CreateKeyWithCurrentPrinter(ctrlDataAccessInfoPtr->preferenceKey, ctrlParentPanelPtr->GetCurrentPrinterString(),
-                                     &key)) {
+        !CreateKeyWithCurrentPrinter(ctrlDataAccessInfoPtr->preferenceKey,
+                                     ctrlParentPanelPtr->GetCurrentPrinterString(), &key)) {
         return false;
     }
     if (system_version() >= kVersionWithoutPreferences) {
@@ -143,15 +146,16 @@ bool BaseControlEMFSpecialPages::GetValueFromPreference() {
     }
     std::string key;
     if (ctrlParentPanelPtr == nullptr ||
-        !CreateKeyWithCurrentPrinter(ctrlDataAccessInfoPtr->preferenceKey, ctrlParentPanelPtr->GetCurrentPrinterString(),
-                                     &key)) {
+        !CreateKeyWithCurrentPrinter(ctrlDataAccessInfoPtr->preferenceKey,
+                                     ctrlParentPanelPtr->GetCurrentPrinterString(), &key)) {
         return false;
     }
     if (system_version() >= kVersionWithoutPreferences) {
         return false;
     }
-    const auto text = platform::CFPreferencesCopyValue(key, platform::kCFPreferencesAnyApplication, userNameinPreference,
-                                                       platform::kCFPreferencesCurrentHost);
+    const auto text =
+        platform::CFPreferencesCopyValue(key, platform::kCFPreferencesAnyApplication, userNameinPreference,
+                                         platform::kCFPreferencesCurrentHost);
     return text && text->size() <= kMaxPreferenceBytes && ConvertFromPreferenceString(*text);
 }
 
@@ -181,8 +185,9 @@ bool BaseControlEMFSpecialPages::SetValueToPreferenceWithPrinterSettings() {
     }
     platform::PrintSettings* settings =
         ctrlParentPanelPtr == nullptr ? nullptr : ctrlParentPanelPtr->GetCurrentPMPrintSettings();
-    return settings == nullptr || platform::PMPrintSettingsSetValue(settings, ctrlDataAccessInfoPtr->preferenceKey, text,
-                                                                    false) == platform::noErr;
+    return settings == nullptr ||
+           platform::PMPrintSettingsSetValue(settings, ctrlDataAccessInfoPtr->preferenceKey, text, false) ==
+               platform::noErr;
 }
 
 bool BaseControlEMFSpecialPages::GetValueFromPreferenceWithPrinterSettings() {
@@ -206,8 +211,8 @@ bool BaseControlEMFSpecialPages::GetValueFromPreferenceWithPrinterSettings() {
     }
     const CipherResult result = run(valueTransferServices().decipher, *text);
     if (result.status != 0) {
-        platform::NSLog("##JBA debug## GetValueFromPreference encode fail: " + platform::decimal_text(result.status) +
-                        " ");
+        platform::NSLog("##JBA debug## GetValueFromPreference encode fail: " +
+                        platform::decimal_text(result.status) + " ");
         return false;
     }
     return ConvertFromPreferenceString(result.text);

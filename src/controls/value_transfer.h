@@ -1,5 +1,6 @@
-// What the transfer of control values to preferences and tickets needs of others: who is an administrator, and the
-// cipher of the keys that hold passwords. The pane's module sets both; without them nothing secret is written.
+// What the transfer of control values to preferences and tickets needs of others: who is an administrator,
+// and the cipher of the keys that hold passwords. The pane's module sets both; without them nothing secret is
+// written.
 #pragma once
 
 #include <array>

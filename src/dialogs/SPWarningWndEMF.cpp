@@ -39,13 +39,17 @@ bool SPWarningWndCancelButCtrlEMF::UIEventHandler() {
 void SPWarningWndEMF::CreatePanel(platform::Window* window, const char* theWinTitleStr) {
     PopupWinInPanel(window, theWinTitleStr);
     exitStatus = kCancelled;
-    const auto view = [window](ControlTag tag) { return window == nullptr ? nullptr : window->viewWithTag(tag); };
-    const auto addText = [this](StaticTextEditControlEMFSpecialPages*& field, platform::View* text, const char* key) {
+    const auto view = [window](ControlTag tag) {
+        return window == nullptr ? nullptr : window->viewWithTag(tag);
+    };
+    const auto addText = [this](StaticTextEditControlEMFSpecialPages*& field, platform::View* text,
+                                const char* key) {
         auto control = std::make_unique<StaticTextEditControlEMFSpecialPages>();
         control->CreateControl(text, nullptr, nullptr, {}, key);
         RunTimeAddNewControl(std::move(control), field);
     };
-    const auto addButton = [this]<typename Control>(Control*& field, platform::View* button, const char* key) {
+    const auto addButton = [this]<typename Control>(Control*& field, platform::View* button,
+                                                    const char* key) {
         auto control = std::make_unique<Control>();
         control->CreateControl(button, key);
         RunTimeAddNewControl(std::move(control), field);
@@ -74,8 +78,8 @@ void SPWarningWndEMF::setWarningStrWindow(std::int32_t kind) {
     if (spWarningMessageTextCtrlPtr == nullptr || pdeBundleRef == nullptr || kind < 0 || kind > 1) {
         return;
     }
-    const std::string text = pdeBundleRef->localizedStringForKey(kind == 0 ? kDeleteSelectedKey : kDeleteAllKey,
-                                                                 kNoTranslation, {});
+    const std::string text = pdeBundleRef->localizedStringForKey(
+        kind == 0 ? kDeleteSelectedKey : kDeleteAllKey, kNoTranslation, {});
     spWarningMessageTextCtrlPtr->SetExternalValueToUI(text, static_cast<std::uint32_t>(text.size()));
 }
 

@@ -1,5 +1,5 @@
-// A small modal question that asks the user to confirm a deletion of special pages. Its window's title bar stays empty;
-// the words stand in two static texts.
+// A small modal question that asks the user to confirm a deletion of special pages. Its window's title bar
+// stays empty; the words stand in two static texts.
 #pragma once
 
 #include "controls/BaseButtonEMFSpecialPages.h"

@@ -19,13 +19,14 @@ namespace {
 constexpr std::int32_t kNibPart = 0;
 constexpr std::int32_t kHelpPart = 1;
 
-/// Name of the nib (part 0) or help page (part 1) that the attribute's value stands for; null when it names none.
+/// Name of the nib (part 0) or help page (part 1) that the attribute's value stands for; null when it names
+/// none.
 std::optional<std::string> resource_name(const char* value, std::int32_t part) {
     return GetAppFullResourceName(GetAppResourceName(value, part), part, kNibNamePrefix, kHelpNamePrefix);
 }
 
-bool in_bundle(const platform::Bundle* bundle, const std::optional<std::string>& name, std::string_view extension,
-               std::string_view folder) {
+bool in_bundle(const platform::Bundle* bundle, const std::optional<std::string>& name,
+               std::string_view extension, std::string_view folder) {
     return bundle != nullptr && name && bundle->CFBundleCopyResourceURL(*name, extension, folder).has_value();
 }
 

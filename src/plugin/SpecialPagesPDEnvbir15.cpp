@@ -8,6 +8,10 @@
 #include "platform/foundation/Bundle.h"
 #include "platform/print/PDEPluginCallback.h"
 #include "platform/print/PageFormat.h"
+#include "platform/toolkit/Button.h"
+#include "platform/toolkit/IconView.h"
+#include "platform/toolkit/TableView.h"
+#include "platform/toolkit/TextField.h"
 #include "platform/toolkit/View.h"
 #include "platform/toolkit/Window.h"
 #include "ppd/CQuickXPPD.h"
@@ -16,6 +20,8 @@
 #include "records/RecordDialog.h"
 #include "records/SPSummaryScrollViewCtrl.h"
 #include "records/list_buttons.h"
+#include "records/record_tables.h"
+#include "records/summary_tables.h"
 #include "records/ticket_keys.h"
 #include "support/help.h"
 #include "support/identifiers.h"
@@ -57,7 +63,8 @@ std::string SpecialPagesPDEnvbir15::panelName() {
         LocalizeTableName = localizable_table_name(index->value);
     }
     if (!thePDEName && pluginBundle()) {
-        thePDEName = pluginBundle()->localizedStringForKey(kTitleKey, kNoTranslation, LocalizeTableName.value_or(""));
+        thePDEName =
+            pluginBundle()->localizedStringForKey(kTitleKey, kNoTranslation, LocalizeTableName.value_or(""));
     }
     return thePDEName.value_or(kNoTranslation);
 }
@@ -72,7 +79,7 @@ std::optional<std::vector<std::string>> SpecialPagesPDEnvbir15::supportedPPDOpti
         return std::nullopt;
     }
     if (CDFKeyExist(ppd, kConstraintCacheAttribute)) {
-        xppd = std::make_shared<ConstraintIndex>(kConstraintIndexSizeHint);
+        xppd = std::make_shared<ConstraintIndex>(ConstraintIndex::kDefaultBuckets);
         GetXPPD(ppd, xppd.get(), kConstraintSectionBase, kConstraintCacheAttribute);
     }
     keywords_ = option_keywords(ppd);
@@ -116,7 +123,8 @@ bool SpecialPagesPDEnvbir15::writeTickets() {
     if (SpecialPagesView != nullptr) {
         SetValueFromUIToControl();
     }
-    platform::PrintSettings* settings = m_pPDECallbackObj == nullptr ? nullptr : m_pPDECallbackObj->printSettings();
+    platform::PrintSettings* settings =
+        m_pPDECallbackObj == nullptr ? nullptr : m_pPDECallbackObj->printSettings();
     if (settings == nullptr) {
         return false;
     }
@@ -126,12 +134,14 @@ bool SpecialPagesPDEnvbir15::writeTickets() {
 
 void SpecialPagesPDEnvbir15::CreatePanelControls(platform::Window* window) {
     CreatePanel(window);
-    const auto addIcon = [this](SPIconViewCtrlEMF*& field, platform::IconView* view, ControlTag tag, const char* icon) {
+    const auto addIcon = [this](SPIconViewCtrlEMF*& field, platform::IconView* view, ControlTag tag,
+                                const char* icon) {
         auto control = std::make_unique<SPIconViewCtrlEMF>();
         control->CreateControl(view, tag, icon);
         RunTimeAddNewControl(std::move(control), field);
     };
-    const auto addButton = [this]<typename Control>(Control*& field, platform::Button* view, const char* title) {
+    const auto addButton = [this]<typename Control>(Control*& field, platform::Button* view,
+                                                    const char* title) {
         auto control = std::make_unique<Control>();
         control->CreateControl(view, title);
         RunTimeAddNewControl(std::move(control), field);
@@ -140,16 +150,19 @@ void SpecialPagesPDEnvbir15::CreatePanelControls(platform::Window* window) {
     addButton(spAddCoversButCtrlPtr, SPAddCoversButton, "Add Covers Btn");
     addIcon(spAddInsertIconViewPtr, SPAddInsertIconView, specialPagesAddInsertViewID, "AddInserts.bmp");
     addButton(spAddInsertButCtrlPtr, SPAddInsertsButton, "Add Inserts Btn");
-    addIcon(spAddExceptionsIconViewPtr, SPAddExceptionsIconView, specialPagesAddExceptionViewID, "AddExceptions.bmp");
+    addIcon(spAddExceptionsIconViewPtr, SPAddExceptionsIconView, specialPagesAddExceptionViewID,
+            "AddExceptions.bmp");
     addButton(SPAddExceptionsButCtrlPtr, SPAddExceptionsButton, "Add Exceptions Btn");
 
     auto title = std::make_unique<StaticTextEditControlEMFSpecialPages>();
-    title->CreateControl(SPSummaryTitleStaticEdit, nullptr, nullptr, {}, "Special Pages Summary Scroll View Title");
+    title->CreateControl(SPSummaryTitleStaticEdit, nullptr, nullptr, {},
+                         "Special Pages Summary Scroll View Title");
     RunTimeAddNewControl(std::move(title), spSummaryTitleStaticEditPtr);
 
     if (summaryScrollViewCtrlPtr != nullptr) {
         summaryScrollViewCtrlPtr->CreateControl(SPSummaryInfoTableView, tableColumnsTitleResourceString,
-                                                &summaryScrllViewCnstrnInfoPtr, &coverOptionLCtrlAccessInfo, {});
+                                                &summaryScrllViewCnstrnInfoPtr, &coverOptionLCtrlAccessInfo,
+                                                {});
         RunTimeAddNewControl(summaryScrollViewCtrlPtr);
     }
 
@@ -175,7 +188,8 @@ void SpecialPagesPDEnvbir15::CreatePanelControls(platform::Window* window) {
 }
 
 void SpecialPagesPDEnvbir15::addWindows() {
-    const auto addWindow = [this](PopupWinInPanelEMFSpecialPages* dialog, platform::Window* window, const char* title) {
+    const auto addWindow = [this](PopupWinInPanelEMFSpecialPages* dialog, platform::Window* window,
+                                  const char* title) {
         if (dialog != nullptr) {
             dialog->CreatePanel(window, title);
             RunTimeAddNewWindow(dialog);
@@ -189,7 +203,8 @@ void SpecialPagesPDEnvbir15::addWindows() {
     addWindow(spWarningWndPtr, WarningWindowRef, nullptr);
 }
 
-void SpecialPagesPDEnvbir15::buildPane(platform::PDEPluginCallback& host, ppd_file_s* ppd, std::int32_t& helpStatus) {
+void SpecialPagesPDEnvbir15::buildPane(platform::PDEPluginCallback& host, ppd_file_s* ppd,
+                                       std::int32_t& helpStatus) {
     CreatePanelControls(SpecialPagesView == nullptr ? nullptr : SpecialPagesView->window());
     helpStatus = RegisterMyHelpBook();
     // The windows exist only now.
@@ -225,7 +240,7 @@ bool SpecialPagesPDEnvbir15::SimulationOpenPDE() {
     }
     bFirstInitialzePDE = false;
     if (!CDFKeyExist(ppd, kConstraintCacheAttribute)) {
-        xppd = std::make_shared<ConstraintIndex>(kConstraintIndexSizeHint);
+        xppd = std::make_shared<ConstraintIndex>(ConstraintIndex::kDefaultBuckets);
         xSetxppd(ppd, xppd);
     }
     return helpStatus == 0;
@@ -235,7 +250,7 @@ std::int32_t SpecialPagesPDEnvbir15::xSetxppd(ppd_file_s* ppd, std::shared_ptr<C
     if (ppd == nullptr || index == nullptr) {
         return 0;
     }
-    compile_constraints(ppd, *index, keywords_);
+    compile_constraints(ppd, index.get(), keywords_);
     for (BasePrintPanelEMFSpecialPages* window : fWindowGroupArray) {
         window->SetxppdPtr(index);
     }
@@ -254,9 +269,9 @@ std::int32_t SpecialPagesPDEnvbir15::SetValueToTicket(platform::PrintSettings* s
     const auto writeFlag = [&](bool flag, std::string_view key) {
         SetCStringToTicket(settings, flag ? "1" : "0", key, withParam);
     };
-    writeFlag(isMediaTypeTab, kWhetherMediaTypeTabKey);
-    writeFlag(hasInterposer, kWhetherInterposerKey);
-    writeFlag(isMediaSizeA5, kWhetherMediaSizeA5Key);
+    writeFlag(isMediaTypeTab, kWhetherMediaTypeTabTicket);
+    writeFlag(hasInterposer, kWhetherInterposerTicket);
+    writeFlag(isMediaSizeA5, kWhetherMediaSizeA5Ticket);
     // It alone is cleared: the two others stay raised until the pane is brought in line anew.
     hasInterposer = false;
     return status != 0 ? 1 : 0;

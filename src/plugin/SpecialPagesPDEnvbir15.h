@@ -1,9 +1,10 @@
-// The pane that the host shows in its print dialog, and the hub through which all other objects of the pane reach their
-// siblings. It answers the host's panel protocol in any order of calls, builds its control tree once, reloads it from the
-// print settings at every restore, and writes the job's settings when the job is saved or printed.
+// The pane that the host shows in its print dialog, and the hub through which all other objects of the pane
+// reach their siblings. It answers the host's panel protocol in any order of calls, builds its control tree
+// once, reloads it from the print settings at every restore, and writes the job's settings when the job is
+// saved or printed.
 //
-// Ownership: the host owns the panel; the panel owns its nib (views, windows, the record list) and the controls that it
-// makes; PPD, settings, session and host object are asked of the host anew at each restore.
+// Ownership: the host owns the panel; the panel owns its nib (views, windows, the record list) and the
+// controls that it makes; PPD, settings, session and host object are asked of the host anew at each restore.
 #pragma once
 
 #include "controls/BasePrintPanelEMFSpecialPages.h"
@@ -62,7 +63,8 @@ class SpecialPagesPDEnvbir15 : public platform::PrintDialogPanel,
     /// Looked up once; the index of the localised table is read from the PPD at every call.
     std::string panelName() override;
     std::string panelKind() override;
-    /// Always null: the host calls it for its side effects, the list of option keywords and the precompiled constraint index.
+    /// Always null: the host calls it for its side effects, the list of option keywords and the precompiled
+    /// constraint index.
     std::optional<std::vector<std::string>> supportedPPDOptionKeys() override;
     void willShow() override;
     bool shouldHide() override;
@@ -70,7 +72,9 @@ class SpecialPagesPDEnvbir15 : public platform::PrintDialogPanel,
     bool shouldShowHelp() override;
     bool saveValuesAndReturnError(std::string* error) override;
     bool restoreValuesAndReturnError(std::string* error) override;
-    std::optional<std::vector<std::pair<std::string, std::string>>> summaryInfo() override { return std::nullopt; }
+    std::optional<std::vector<std::pair<std::string, std::string>>> summaryInfo() override {
+        return std::nullopt;
+    }
     void PPDOptionKeyValueDidChange(std::string_view, std::string_view) override {}
 
     // Building and bringing in line.
@@ -78,10 +82,11 @@ class SpecialPagesPDEnvbir15 : public platform::PrintDialogPanel,
     using BasePrintPanelEMFSpecialPages::CreatePanel;
     /// Makes and registers all controls and windows of the pane in their fixed order.
     void CreatePanelControls(platform::Window* window);
-    /// The one routine that brings the pane in line with the job: builds on the first run, reloads on every run. False
-    /// only when the help book could not be registered; the pane is then built all the same.
+    /// The one routine that brings the pane in line with the job: builds on the first run, reloads on every
+    /// run. False only when the help book could not be registered; the pane is then built all the same.
     bool SimulationOpenPDE();
-    /// Compiles the PPD's constraints into the index and hands it to the windows; nothing when either is null. Answers 0.
+    /// Compiles the PPD's constraints into the index and hands it to the windows; nothing when either is
+    /// null. Answers 0.
     std::int32_t xSetxppd(ppd_file_s* ppd, std::shared_ptr<ConstraintIndex> index);
     std::int32_t SetValueToTicket(platform::PrintSettings* settings, bool withParam) override;
     using BasePrintPanelEMFSpecialPages::SetValueToTicket;

@@ -16,10 +16,12 @@ namespace specialpages {
 
 namespace {
 
-template <typename From> using Connections = std::map<std::string_view, std::function<bool(From&)>>;
+template <typename From>
+using Connections = std::map<std::string_view, std::function<bool(From&)>>;
 
 /// Lets something of the nib become the field; false when it is of the wrong kind.
-template <typename From, typename Field> std::function<bool(From&)> into(Field*& field) {
+template <typename From, typename Field>
+std::function<bool(From&)> into(Field*& field) {
     return [&field](From& from) {
         auto* typed = dynamic_cast<Field*>(&from);
         if (typed != nullptr) {
@@ -29,7 +31,8 @@ template <typename From, typename Field> std::function<bool(From&)> into(Field*&
     };
 }
 
-template <typename From> bool connect(const Connections<From>& connections, std::string_view outlet, From& from) {
+template <typename From>
+bool connect(const Connections<From>& connections, std::string_view outlet, From& from) {
     const auto found = connections.find(outlet);
     return found != connections.end() && found->second(from);
 }

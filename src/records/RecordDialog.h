@@ -16,8 +16,8 @@ class RecordDialog {
     RecordDialog& operator=(const RecordDialog&) = delete;
     virtual ~RecordDialog() = default;
 
-    /// The dialog's own working records, ready for the list: covers as they are, inserts sorted by page, exceptions
-    /// arranged. Null: the dialog has none to give. Owned by the dialog.
+    /// The dialog's own working records, ready for the list: covers as they are, inserts sorted by page,
+    /// exceptions arranged. Null: the dialog has none to give. Owned by the dialog.
     virtual const RecordList* recordsForList() = 0;
     /// Whether the item of the dialog's paper menu at that index of the PPD's media types is tab stock.
     virtual bool doTabStockSetCheckByIndex(std::int32_t pagetype) = 0;

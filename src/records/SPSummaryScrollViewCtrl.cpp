@@ -30,7 +30,7 @@ constexpr std::string_view kInterposerKey = "NVUncollateSeparator-INT";
 template <std::size_t Size>
 std::string_view table_entry(const std::array<std::string_view, Size>& table, std::int32_t index) {
     return index < 0 || index >= static_cast<std::int32_t>(Size) ? std::string_view{}
-                                                                  : table[static_cast<std::size_t>(index)];
+                                                                 : table[static_cast<std::size_t>(index)];
 }
 
 std::optional<std::string> interposer_text(ppd_file_t* ppd) {
@@ -41,7 +41,8 @@ std::optional<std::string> interposer_text(ppd_file_t* ppd) {
     const std::string keyword(kInterposerKey.substr(kInterposerKey.rfind('-') + 1));
     for (int i = 0; i < option->num_choices; ++i) {
         if (keyword == option->choices[i].choice) {
-            return platform::utf8_from_encoding(option->choices[i].text, converter_name(GetCFStringEncodingFromPPD(ppd)));
+            return platform::utf8_from_encoding(option->choices[i].text,
+                                                converter_name(GetCFStringEncodingFromPPD(ppd)));
         }
     }
     return std::nullopt;
@@ -76,9 +77,10 @@ const std::string* SummaryRow::find(std::string_view identifier) const {
     return identifier == "setup" ? &setup : nullptr;
 }
 
-void SPSummaryScrollViewCtrl::CreateControl(platform::View* view, std::span<const char* const> tableColumnsTitleArray,
-                                            const ConstraintRecord* constrainArray, const AccessInfo* accessInfo,
-                                            std::string_view usernamein) {
+void SPSummaryScrollViewCtrl::CreateControl(platform::View* view,
+                                            std::span<const std::string_view> tableColumnsTitleArray,
+                                            const ConstraintRecord* constrainArray,
+                                            const AccessInfo* accessInfo, std::string_view usernamein) {
     CreateControl(view);
     summaryScrollViewStatus = kSummaryIdle;
     tableColumnsTitleArrayPtr = tableColumnsTitleArray;
@@ -140,7 +142,8 @@ bool SPSummaryScrollViewCtrl::UIEventHandler() {
     return true;
 }
 
-std::optional<std::string> SPSummaryScrollViewCtrl::makeSummaryScrollViewCtrlTicket(const char* key, std::int32_t index) {
+std::optional<std::string> SPSummaryScrollViewCtrl::makeSummaryScrollViewCtrlTicket(const char* key,
+                                                                                    std::int32_t index) {
     if (key == nullptr || index < 0) {
         return std::nullopt;
     }
@@ -150,11 +153,13 @@ std::optional<std::string> SPSummaryScrollViewCtrl::makeSummaryScrollViewCtrlTic
 bool SPSummaryScrollViewCtrl::SetValueToTicket(platform::PrintSettings* settings, bool withParam) {
     hasExceptionRecord = false;
     hasTabStockRecord = false;
-    if (settings == nullptr || ctrlDataAccessInfoPtr == nullptr || ctrlDataAccessInfoPtr->ticketKey == nullptr) {
+    if (settings == nullptr || ctrlDataAccessInfoPtr == nullptr ||
+        ctrlDataAccessInfoPtr->ticketKey == nullptr) {
         return false;
     }
     const std::string count = platform::decimal_text(static_cast<std::int64_t>(m_dataRecords.size()));
-    if (SetValueToSettingsWithTicketKeyAndLock(count, settings, kRecordCountKey, withParam) != platform::noErr) {
+    if (SetValueToSettingsWithTicketKeyAndLock(count, settings, kNPIFCommandTicketCount, withParam) !=
+        platform::noErr) {
         return false;
     }
     std::int32_t index = 0;
@@ -179,11 +184,12 @@ bool SPSummaryScrollViewCtrl::SetValueToTicket(platform::PrintSettings* settings
 bool SPSummaryScrollViewCtrl::GetValueToPreset() {
     platform::PrintSettings* settings =
         ctrlParentPanelPtr == nullptr ? nullptr : ctrlParentPanelPtr->GetCurrentPMPrintSettings();
-    if (settings == nullptr || ctrlDataAccessInfoPtr == nullptr || ctrlDataAccessInfoPtr->ticketKey == nullptr) {
+    if (settings == nullptr || ctrlDataAccessInfoPtr == nullptr ||
+        ctrlDataAccessInfoPtr->ticketKey == nullptr) {
         return false;
     }
     platform::SettingsValue value;
-    if (platform::PMPrintSettingsGetValue(settings, kRecordCountKey, value) != platform::noErr ||
+    if (platform::PMPrintSettingsGetValue(settings, kNPIFCommandTicketCount, value) != platform::noErr ||
         !std::holds_alternative<std::string>(value)) {
         return false;
     }
@@ -223,7 +229,8 @@ std::optional<std::string> SPSummaryScrollViewCtrl::tableView_objectValueForTabl
 }
 
 void SPSummaryScrollViewCtrl::tableViewSelectionDidChange(platform::TableView&) {
-    // Pulling the other cover in changes the selection once more; the marks are set once, by the outer notification.
+    // Pulling the other cover in changes the selection once more; the marks are set once, by the outer
+    // notification.
     if (selectionIsChanging) {
         return;
     }
@@ -236,8 +243,8 @@ void SPSummaryScrollViewCtrl::tableViewSelectionDidChange(platform::TableView&) 
 }
 
 std::optional<std::string> SPSummaryScrollViewCtrl::tableView_toolTipForCell(platform::TableView&,
-                                                                            const platform::TableColumn&,
-                                                                            std::int64_t row) {
+                                                                             const platform::TableColumn&,
+                                                                             std::int64_t row) {
     return getTipInformationByRow(row);
 }
 
@@ -251,8 +258,8 @@ std::optional<std::string> SPSummaryScrollViewCtrl::getTipInformationByRow(std::
     if (!setup || tableColumnsTitleArrayPtr.empty()) {
         return std::string();
     }
-    return localized(*texts, tableColumnsTitleArrayPtr[0], kNotFound) + " " + pageText(*texts, *record) + ";  " +
-           typeText(*texts, *record) + ";  " + *setup;
+    return localized(*texts, tableColumnsTitleArrayPtr[0], kNotFound) + " " + pageText(*texts, *record) +
+           ";  " + typeText(*texts, *record) + ";  " + *setup;
 }
 
 std::size_t SPSummaryScrollViewCtrl::selectedItemCount() const {
@@ -287,7 +294,8 @@ void SPSummaryScrollViewCtrl::getIndexArrayOfCurrentSelectedRecords(std::vector<
     }
 }
 
-std::optional<RowSet> SPSummaryScrollViewCtrl::getIndexSetOfCurrentSelectedRecordByType(std::int32_t type) const {
+std::optional<RowSet>
+SPSummaryScrollViewCtrl::getIndexSetOfCurrentSelectedRecordByType(std::int32_t type) const {
     const auto rows = getIndexSetOfCurrentSelectedRecord();
     if (m_dataRecords.empty() || !rows) {
         return std::nullopt;
@@ -334,7 +342,8 @@ void SPSummaryScrollViewCtrl::deleteAllItemByType(std::int32_t type) {
     m_dataRecords = without_type(std::move(m_dataRecords), static_cast<RecordType>(type));
 }
 
-void SPSummaryScrollViewCtrl::mergeFromDialog(RecordType type, RecordList (*merge)(RecordList, const RecordList&)) {
+void SPSummaryScrollViewCtrl::mergeFromDialog(RecordType type,
+                                              RecordList (*merge)(RecordList, const RecordList&)) {
     RecordDialog* source = dialog(type);
     const RecordList* added = source == nullptr ? nullptr : source->recordsForList();
     if (added != nullptr && !added->empty()) {
@@ -372,13 +381,16 @@ bool SPSummaryScrollViewCtrl::upDateView() {
     return true;
 }
 
-std::string SPSummaryScrollViewCtrl::typeText(platform::Bundle& bundle, const SpecialPageRecord& record) const {
+std::string SPSummaryScrollViewCtrl::typeText(platform::Bundle& bundle,
+                                              const SpecialPageRecord& record) const {
     return localized(bundle, table_entry(gInsertPageTypeResourceString, record.type()), kNotFound);
 }
 
-std::string SPSummaryScrollViewCtrl::pageText(platform::Bundle& bundle, const SpecialPageRecord& record) const {
+std::string SPSummaryScrollViewCtrl::pageText(platform::Bundle& bundle,
+                                              const SpecialPageRecord& record) const {
     if (record.is(RecordType::cover)) {
-        return localized(bundle, table_entry(gInsertPageNumResourceString, record.integer(RecordKey::page)), kNotFound);
+        return localized(bundle, table_entry(gInsertPageNumResourceString, record.integer(RecordKey::page)),
+                         kNotFound);
     }
     if (record.is(RecordType::insert) && record.integer(RecordKey::insertoption) == 1) {
         return localized(bundle, table_entry(insertOptionListIniMenu, 1), kNotFound);
@@ -409,7 +421,8 @@ std::optional<std::string> SPSummaryScrollViewCtrl::getInsertWndSetupInfo(const 
     return source == nullptr ? std::nullopt : source->setupText(record);
 }
 
-std::optional<std::string> SPSummaryScrollViewCtrl::getExceptionWndSetupInfo(const SpecialPageRecord& record) {
+std::optional<std::string>
+SPSummaryScrollViewCtrl::getExceptionWndSetupInfo(const SpecialPageRecord& record) {
     RecordDialog* source = dialog(RecordType::exception);
     return source == nullptr ? std::nullopt : source->setupText(record);
 }

@@ -1,7 +1,7 @@
-// The list of special pages: owns the job's records, shows them in a table of three columns, saves them into the print
-// settings and reads them back. Dialogs hand their records over by updateRequest; the buttons under the table move and
-// delete them. Records are values: a change replaces a record at its index. Everything tolerates a missing table, panel
-// or bundle.
+// The list of special pages: owns the job's records, shows them in a table of three columns, saves them into
+// the print settings and reads them back. Dialogs hand their records over by updateRequest; the buttons under
+// the table move and delete them. Records are values: a change replaces a record at its index. Everything
+// tolerates a missing table, panel or bundle.
 #pragma once
 
 #include "controls/BaseControlEMFSpecialPages.h"
@@ -20,7 +20,8 @@ namespace specialpages {
 class RecordDialog;
 class SpecialPagesHub;
 
-/// The text shown for a sheet from the interposer, as the current PPD words it; empty when its PPD does not. Process-wide.
+/// The text shown for a sheet from the interposer, as the current PPD words it; empty when its PPD does not.
+/// Process-wide.
 std::optional<std::string>& UncollateSeparatorSTR();
 
 /// What the user is doing with the list; the dialogs tell an add from an edit by it.
@@ -41,8 +42,9 @@ class SPSummaryScrollViewCtrl : public BaseControlEMFSpecialPages,
   public:
     using BaseControlEMFSpecialPages::CreateControl;
     /// `tableColumnsTitleArray` are localisation keys, a title a column.
-    void CreateControl(platform::View* view, std::span<const char* const> tableColumnsTitleArray,
-                       const ConstraintRecord* constrainArray, const AccessInfo* accessInfo, std::string_view usernamein);
+    void CreateControl(platform::View* view, std::span<const std::string_view> tableColumnsTitleArray,
+                       const ConstraintRecord* constrainArray, const AccessInfo* accessInfo,
+                       std::string_view usernamein);
 
     // Control.
 
@@ -52,11 +54,12 @@ class SPSummaryScrollViewCtrl : public BaseControlEMFSpecialPages,
     bool SetControlValueToUI() override;
     bool SetControlValueToDefault() override;
     bool UIEventHandler() override;
-    /// Writes the record count and one entry a record. False at the first write that fails; what was written stays.
+    /// Writes the record count and one entry a record. False at the first write that fails; what was written
+    /// stays.
     bool SetValueToTicket(platform::PrintSettings* settings, bool withParam) override;
     using BaseControlEMFSpecialPages::SetValueToTicket;
-    /// Reads the records back. Without a count the list stays as it was; a record that is missing or has too few fields
-    /// ends the reading with the records before it. False in both cases.
+    /// Reads the records back. Without a count the list stays as it was; a record that is missing or has too
+    /// few fields ends the reading with the records before it. False in both cases.
     bool GetValueToPreset() override;
     /// The key, "_" and the index; null for a null key or a negative index.
     static std::optional<std::string> makeSummaryScrollViewCtrlTicket(const char* key, std::int32_t index);
@@ -65,11 +68,12 @@ class SPSummaryScrollViewCtrl : public BaseControlEMFSpecialPages,
 
     std::size_t numberOfRowsInTableView(platform::TableView& table) override;
     std::optional<std::string> tableView_objectValueForTableColumn(platform::TableView& table,
-                                                                  const platform::TableColumn& column,
-                                                                  std::int64_t row) override;
+                                                                   const platform::TableColumn& column,
+                                                                   std::int64_t row) override;
     void tableViewSelectionDidChange(platform::TableView& table) override;
-    std::optional<std::string> tableView_toolTipForCell(platform::TableView& table, const platform::TableColumn& column,
-                                                       std::int64_t row) override;
+    std::optional<std::string> tableView_toolTipForCell(platform::TableView& table,
+                                                        const platform::TableColumn& column,
+                                                        std::int64_t row) override;
     /// Null for a row that is not there; the empty text when one of its three texts is missing.
     std::optional<std::string> getTipInformationByRow(std::int64_t row);
 
@@ -86,9 +90,11 @@ class SPSummaryScrollViewCtrl : public BaseControlEMFSpecialPages,
     std::optional<RecordList> getArrayOfCurrentSelectedRecords() const;
     /// Appends each selected row, ascending, as decimal text.
     void getIndexArrayOfCurrentSelectedRecords(std::vector<std::string>& rows) const;
-    /// Which records of one kind are selected, numbered among that kind alone; null for an empty list or without a table.
+    /// Which records of one kind are selected, numbered among that kind alone; null for an empty list or
+    /// without a table.
     std::optional<RowSet> getIndexSetOfCurrentSelectedRecordByType(std::int32_t type) const;
-    /// Appends the records of one kind in list order, or all for 3; any other number appends nothing. False for a null array.
+    /// Appends the records of one kind in list order, or all for 3; any other number appends nothing. False
+    /// for a null array.
     bool getArrayByType(RecordList* array, std::int32_t insertPageType) const;
     void setSummaryScrollViewStatus(std::int64_t status) { summaryScrollViewStatus = status; }
     std::int64_t getSummaryScrollViewStatus() const { return summaryScrollViewStatus; }
@@ -96,7 +102,8 @@ class SPSummaryScrollViewCtrl : public BaseControlEMFSpecialPages,
     bool whetherHasExceptionRecord() const { return hasExceptionRecord; }
     bool whetherHasTabStockRecord() const { return hasTabStockRecord; }
 
-    /// Replaces all records of that type (0, 1, 2) by those of its dialog and refreshes; any other type only refreshes.
+    /// Replaces all records of that type (0, 1, 2) by those of its dialog and refreshes; any other type only
+    /// refreshes.
     void updateRequest(std::int32_t type);
     bool addItemByType(std::int32_t type);
     void deleteAllItemByType(std::int32_t type);
@@ -120,8 +127,8 @@ class SPSummaryScrollViewCtrl : public BaseControlEMFSpecialPages,
     void doSelectCoverItem();
     /// Removes the inserts before page one; the view is not refreshed.
     void doDelectBeforePageOne();
-    /// The table's double click: opens the dialog of the selected records when they are of one kind. The status is 2
-    /// afterwards in any case.
+    /// The table's double click: opens the dialog of the selected records when they are of one kind. The
+    /// status is 2 afterwards in any case.
     void RequestControlDoubleAction();
     /// Opens the dialog for records of that type, when there is one.
     void openDialogForType(std::int32_t type);
@@ -142,7 +149,7 @@ class SPSummaryScrollViewCtrl : public BaseControlEMFSpecialPages,
     void mergeFromDialog(RecordType type, RecordList (*merge)(RecordList, const RecordList&));
 
     std::int64_t summaryScrollViewStatus = kSummaryIdle;
-    std::span<const char* const> tableColumnsTitleArrayPtr;
+    std::span<const std::string_view> tableColumnsTitleArrayPtr;
     RecordList m_dataRecords;
     std::vector<SummaryRow> m_viewRecords;
     bool hasExceptionRecord = false;

@@ -1,5 +1,5 @@
-// The buttons that work on the list of special pages. Each press reads like what it does; Update keeps the enabled state in
-// line with the list and touches the view only when the state changes.
+// The buttons that work on the list of special pages. Each press reads like what it does; Update keeps the
+// enabled state in line with the list and touches the view only when the state changes.
 #pragma once
 
 #include "controls/BaseButtonEMFSpecialPages.h"
@@ -73,8 +73,8 @@ class SPDeleteAllButCtrlEMF : public SPListButtonEMF {
     std::int32_t Update() override;
 };
 
-/// One step of undo for every change of the list. Opening the pane leaves nothing to undo; a further change overwrites
-/// the backup; a press cannot be undone.
+/// One step of undo for every change of the list. Opening the pane leaves nothing to undo; a further change
+/// overwrites the backup; a press cannot be undone.
 class SPUndoButCtrlEMF : public SPListButtonEMF {
   public:
     using BaseButtonEMFSpecialPages::CreateControl;

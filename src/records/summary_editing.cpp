@@ -1,5 +1,5 @@
-// The editing operations of the list of special pages: each reads the table, asks the pure move, writes back and
-// refreshes.
+// The editing operations of the list of special pages: each reads the table, asks the pure move, writes back
+// and refreshes.
 #include "controls/SpecialPagesHub.h"
 #include "records/RecordDialog.h"
 #include "records/SPSummaryScrollViewCtrl.h"
@@ -47,7 +47,8 @@ void SPSummaryScrollViewCtrl::downSelectedItems() {
     upDateView();
 }
 
-void SPSummaryScrollViewCtrl::undoRequest(const RecordList* records, const RowSet* currentSelectedItemIndexSet) {
+void SPSummaryScrollViewCtrl::undoRequest(const RecordList* records,
+                                          const RowSet* currentSelectedItemIndexSet) {
     if (records == nullptr || currentSelectedItemIndexSet == nullptr) {
         return;
     }

@@ -8,14 +8,15 @@
 
 namespace specialpages {
 
-/// The buttons that follow every event of the list, in the order in which they are told. The covers and undo buttons
-/// are not among them.
+/// The buttons that follow every event of the list, in the order in which they are told. The covers and undo
+/// buttons are not among them.
 inline constexpr std::array<ControlTag, 7> summaryScrllViewUpdateCtrlArray{
-    specialPagesSPEditButID,     specialPagesSPDeleteButID,      specialPagesSPUpButID,
-    specialPagesSPDownButID,     specialPagesSPDeleteAllButID,   specialPagesAddInsertsButID,
+    specialPagesSPEditButID,        specialPagesSPDeleteButID,    specialPagesSPUpButID,
+    specialPagesSPDownButID,        specialPagesSPDeleteAllButID, specialPagesAddInsertsButID,
     specialPagesAddExceptionsButID,
 };
-inline constexpr std::array<ConstraintRow, 1> summaryScrllViewUpdateArray{ConstraintRow{summaryScrllViewUpdateCtrlArray}};
+inline constexpr std::array<ConstraintRow, 1> summaryScrllViewUpdateArray{
+    ConstraintRow{summaryScrllViewUpdateCtrlArray}};
 inline constexpr ConstraintRecord summaryScrllViewCnstrnInfoPtr{
     .disable = {}, .hide = {}, .update = summaryScrllViewUpdateArray};
 

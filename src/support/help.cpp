@@ -62,4 +62,13 @@ platform::OSStatus RegisterMyHelpBook() {
                              : platform::AHRegisterHelpBook(bundle->CFBundleCopyBundleURL());
 }
 
+platform::OSStatus GotoHelpPage(const platform::Bundle* bundle, std::string_view page,
+                                std::string_view anchor, std::string_view bookTitleKey) {
+    if (bundle == nullptr) {
+        return platform::fnfErr;
+    }
+    const std::string book = bundle->localizedStringForKey(bookTitleKey, kNoTranslation, {});
+    return platform::AHGotoPage(platform::utf8_prefix(book, kMaxHelpBookNameBytes), page, anchor);
+}
+
 } // namespace specialpages

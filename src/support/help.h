@@ -9,6 +9,10 @@
 #include <string>
 #include <string_view>
 
+namespace specialpages::platform {
+class Bundle;
+}
+
 namespace specialpages {
 
 /// Longest resource name, in bytes; longer ones are cut at a character boundary.
@@ -28,5 +32,13 @@ std::optional<std::string> GetAppFullResourceName(const std::optional<std::strin
 /// Registers the help book of the pane's bundle. fnfErr when the bundle is not loaded or has no help;
 /// otherwise the help viewer's status.
 platform::OSStatus RegisterMyHelpBook();
+
+/// Longest name of a help book, in bytes; a longer one is cut at a character boundary.
+inline constexpr std::size_t kMaxHelpBookNameBytes = 255;
+
+/// Opens a page of the bundle's help book at the anchor (may be empty). The book's name is the localised text
+/// of `bookTitleKey`. fnfErr for a null bundle; otherwise the help viewer's status.
+platform::OSStatus GotoHelpPage(const platform::Bundle* bundle, std::string_view page,
+                                std::string_view anchor, std::string_view bookTitleKey);
 
 } // namespace specialpages

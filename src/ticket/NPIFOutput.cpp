@@ -26,8 +26,8 @@ constexpr std::int32_t kMailboxPrintType = 5;
 /// A print type longer than this is not read.
 constexpr std::size_t kMaxPrintTypeBytes = 255;
 
-/// Edge of the job's sheet in hundredths of a millimetre from points. Division and truncation come first: 842 points
-/// give 331 * 90.
+/// Edge of the job's sheet in hundredths of a millimetre from points. Division and truncation come first: 842
+/// points give 331 * 90.
 std::int32_t job_length(double points) {
     constexpr double kPointsDivisor = 2.54;
     constexpr std::int32_t kUnit = 90;
@@ -61,14 +61,14 @@ struct NPIFOutput::Kind {
 bool NPIFOutput::IsJobTypeMailbox() {
     const auto printer = outputPrinter();
     std::string key;
-    if (!printer || !CreateKeyWithCurrentPrinter(kPrintTypeReferenceKey, *printer, &key)) {
+    if (!printer || !CreateKeyWithCurrentPrinter(kPrintTypeReference, *printer, &key)) {
         return true;
     }
     std::string type;
     if (system_version() < kVersionWithoutPreferences) {
-        const auto stored =
-            platform::CFPreferencesCopyValue(key, platform::kCFPreferencesAnyApplication,
-                                             platform::kCFPreferencesCurrentUser, platform::kCFPreferencesCurrentHost);
+        const auto stored = platform::CFPreferencesCopyValue(key, platform::kCFPreferencesAnyApplication,
+                                                             platform::kCFPreferencesCurrentUser,
+                                                             platform::kCFPreferencesCurrentHost);
         // A value that does not fit cannot be copied, and that alone makes this a mailbox job.
         if (stored && stored->size() > kMaxPrintTypeBytes) {
             return false;
@@ -76,7 +76,8 @@ bool NPIFOutput::IsJobTypeMailbox() {
         type = stored.value_or(std::string());
     } else {
         platform::SettingsValue value;
-        if (platform::PMPrintSettingsGetValue(outputSettings(), kPrintTypeTicketKey, value) != platform::noErr ||
+        if (platform::PMPrintSettingsGetValue(outputSettings(), kPrintTypeTicketKey, value) !=
+                platform::noErr ||
             !std::holds_alternative<std::string>(value)) {
             return true;
         }
@@ -85,14 +86,15 @@ bool NPIFOutput::IsJobTypeMailbox() {
     return platform::int_value(type) != kMailboxPrintType;
 }
 
-bool NPIFOutput::outputNPIFCommand(platform::PrintSettings* settings, bool withParam, PaperKeywordList& sizeArray,
-                                   PaperKeywordList& typeArray, PaperKeywordList& colorArray) {
+bool NPIFOutput::outputNPIFCommand(platform::PrintSettings* settings, bool withParam,
+                                   PaperKeywordList& sizeArray, PaperKeywordList& typeArray,
+                                   PaperKeywordList& colorArray) {
     const SPSummaryScrollViewCtrl* list = outputRecords();
     if (settings == nullptr || list == nullptr) {
         return true;
     }
-    SetIntegerValueToSettings(static_cast<std::int32_t>(list->allItemCount()), settings, kSpecialPageRecordCountKey,
-                              withParam);
+    SetIntegerValueToSettings(static_cast<std::int32_t>(list->allItemCount()), settings,
+                              kSpecialPageRecordCountTicket, withParam);
     if (list->allItemCount() > 0) {
         getCurrentSystemPrintingSetting();
     }
@@ -108,34 +110,39 @@ bool NPIFOutput::setPaperParamToTicket(platform::PrintSettings* settings, bool w
     if (settings == nullptr) {
         return true;
     }
-    platform::PMPrintSettingsSetValue(settings, kPageSizeArrayKey, sizeArray, withParam);
-    platform::PMPrintSettingsSetValue(settings, kMediaTypeArrayKey, typeArray, withParam);
-    return platform::PMPrintSettingsSetValue(settings, kMediaColorArrayKey, colorArray, withParam) == platform::noErr;
+    platform::PMPrintSettingsSetValue(settings, kPageSizeArrayTicket, sizeArray, withParam);
+    platform::PMPrintSettingsSetValue(settings, kMediaTypeArrayTicket, typeArray, withParam);
+    return platform::PMPrintSettingsSetValue(settings, kMediaColorArrayTicket, colorArray, withParam) ==
+           platform::noErr;
 }
 
 bool NPIFOutput::setCStringToTicket(std::string_view text, std::string_view withKey,
                                     platform::PrintSettings* toSettings, bool withParam) {
-    return SetValueToSettingsWithTicketKeyAndLock(ticket_text(text), toSettings, withKey, withParam) == platform::noErr;
+    return SetValueToSettingsWithTicketKeyAndLock(ticket_text(text), toSettings, withKey, withParam) ==
+           platform::noErr;
 }
 
-void NPIFOutput::insertCoverNPIFCommand(platform::PrintSettings* settings, bool withParam, PaperKeywordList& sizeArray,
-                                        PaperKeywordList& typeArray, PaperKeywordList& colorArray) {
-    insertCommands({RecordType::cover, kCoverCountKey, kCoverValueKeyHead, cover_command}, settings, withParam,
-                   sizeArray, typeArray, colorArray);
+void NPIFOutput::insertCoverNPIFCommand(platform::PrintSettings* settings, bool withParam,
+                                        PaperKeywordList& sizeArray, PaperKeywordList& typeArray,
+                                        PaperKeywordList& colorArray) {
+    insertCommands({RecordType::cover, kNPIFCoverCountTicket, kNPIFCoverValueTicket, cover_command}, settings,
+                   withParam, sizeArray, typeArray, colorArray);
 }
 
 void NPIFOutput::insertInsertionNPIFCommand(platform::PrintSettings* settings, bool withParam,
                                             PaperKeywordList& sizeArray, PaperKeywordList& typeArray,
                                             PaperKeywordList& colorArray) {
-    insertCommands({RecordType::insert, kInsertionCountKey, kInsertionValueKeyHead, insertion_command}, settings,
-                   withParam, sizeArray, typeArray, colorArray);
+    insertCommands(
+        {RecordType::insert, kNPIFInsertionCountTicket, kNPIFInsertionValueTicket, insertion_command},
+        settings, withParam, sizeArray, typeArray, colorArray);
 }
 
 void NPIFOutput::insertExceptionNPIFCommand(platform::PrintSettings* settings, bool withParam,
                                             PaperKeywordList& sizeArray, PaperKeywordList& typeArray,
                                             PaperKeywordList& colorArray) {
-    insertCommands({RecordType::exception, kExceptionCountKey, kExceptionValueKeyHead, exception_command}, settings,
-                   withParam, sizeArray, typeArray, colorArray);
+    insertCommands(
+        {RecordType::exception, kNPIFExceptionCountTicket, kNPIFExceptionValueTicket, exception_command},
+        settings, withParam, sizeArray, typeArray, colorArray);
 }
 
 void NPIFOutput::insertCommands(const Kind& kind, platform::PrintSettings* settings, bool withParam,
@@ -151,8 +158,8 @@ void NPIFOutput::insertCommands(const Kind& kind, platform::PrintSettings* setti
         SetCStringToTicket(settings, "", kind.countKey, withParam);
         return;
     }
-    SetCStringToTicket(settings, platform::decimal_text(static_cast<std::int64_t>(records.size())), kind.countKey,
-                       withParam);
+    SetCStringToTicket(settings, platform::decimal_text(static_cast<std::int64_t>(records.size())),
+                       kind.countKey, withParam);
     const std::string colorKey = FixPPDKeywordAccordingToType(ppd, kPPDMediaColorKey);
     const JobPaper job{PageSizeOptionCount, JobPageWidth, JobPageLength};
     std::int64_t index = 0;
@@ -167,14 +174,15 @@ void NPIFOutput::insertCommands(const Kind& kind, platform::PrintSettings* setti
         hasInterposer = hasInterposer || command.raisesInterposer;
         isMediaTypeTab = isMediaTypeTab || command.raisesTab;
         isMediaSizeA5 = isMediaSizeA5 || command.raisesA5;
-        for (auto [keyword, array] : {std::pair{&command.size, &sizeArray}, std::pair{&command.type, &typeArray},
-                                      std::pair{&command.color, &colorArray}}) {
+        for (auto [keyword, array] :
+             {std::pair{&command.size, &sizeArray}, std::pair{&command.type, &typeArray},
+              std::pair{&command.color, &colorArray}}) {
             if (*keyword) {
                 array->push_back(std::move(**keyword));
             }
         }
-        setCStringToTicket(command.text, std::string(kind.valueKey) + platform::decimal_text(index++), settings,
-                           withParam);
+        setCStringToTicket(command.text, std::string(kind.valueKey) + platform::decimal_text(index++),
+                           settings, withParam);
     }
 }
 
@@ -192,8 +200,8 @@ void NPIFOutput::getMediaTypeNPIFComm(const char* keyword, std::string* type, st
     }
 }
 
-void NPIFOutput::getMediaSizeNPIFComm(const char* keyword, std::string* x, std::size_t xBufsize, std::string* y,
-                                      std::size_t yBufsize) {
+void NPIFOutput::getMediaSizeNPIFComm(const char* keyword, std::string* x, std::size_t xBufsize,
+                                      std::string* y, std::size_t yBufsize) {
     const auto size = keyword == nullptr ? std::nullopt : media_size(keyword);
     if (size && x != nullptr && y != nullptr) {
         copy_word(x, size->x, xBufsize);

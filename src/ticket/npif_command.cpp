@@ -2,9 +2,9 @@
 
 #include "platform/foundation/numbers.h"
 #include "records/record_order.h"
+#include "support/slash_decimal.h"
 #include "support/units.h"
 #include "ticket/npif_vocabulary.h"
-#include "ticket/slash_decimal.h"
 
 #include <algorithm>
 #include <initializer_list>

@@ -1,6 +1,6 @@
 #include "records/record_builder.h"
 #include "ticket/npif_command.h"
-#include "ticket/slash_decimal.h"
+#include "support/slash_decimal.h"
 
 #include <gtest/gtest.h>
 

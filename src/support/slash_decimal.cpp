@@ -1,4 +1,4 @@
-#include "ticket/slash_decimal.h"
+#include "support/slash_decimal.h"
 
 #include "platform/foundation/numbers.h"
 

@@ -1,4 +1,4 @@
-#include "ticket/slash_decimal.h"
+#include "support/slash_decimal.h"
 
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
