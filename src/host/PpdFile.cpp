@@ -14,7 +14,6 @@
 #include <span>
 #include <strings.h>
 #include <sys/mman.h>
-#include <system_error>
 #include <unistd.h>
 #include <utility>
 
@@ -57,6 +56,12 @@ ppd_file_t* open_ppd(const char* file) {
     return ppdOpenFile(file);
 }
 
+// In English whatever the locale is.
+std::string system_reason(int code) {
+    const char* const reason = strerrordesc_np(code);
+    return reason == nullptr ? "unknown error" : reason;
+}
+
 [[noreturn]] void refuse_file(const std::string& name, int systemError) {
     const NoLanguage noLanguage;
     int line = 0;
@@ -64,7 +69,7 @@ ppd_file_t* open_ppd(const char* file) {
     std::string detail = "expected a PPD file: ";
     detail += ppdErrorString(status);
     if (status == PPD_FILE_OPEN_ERROR && systemError != 0) {
-        detail += " (" + std::generic_category().message(systemError) + ")";
+        detail += " (" + system_reason(systemError) + ")";
     }
     throw HostError(ErrorCode::input, place_of_line(name, line), detail);
 }

@@ -16,10 +16,6 @@ PrintHost::PrintHost(PpdFile ppd, platform::PrintSettings settings, const std::s
     followPageSize();
 }
 
-PrintHost::~PrintHost() {
-    platform::Application::shared().setMainWindow(nullptr);
-}
-
 bool PrintHost::openPane(PaneModule module) {
     module_ = std::make_unique<PaneModule>(std::move(module));
     platform::PrintDialogExtension& extension = module_->extension();

@@ -20,12 +20,12 @@ namespace specialpages::host {
 /// The name of the host's own window, in which the pane's view stands.
 inline constexpr const char* kPaneWindowName = "pane";
 
-/// The last host made in a process owns the application's main window; one at a time is the rule.
+/// There is one application in a process, so that the window of the pane that was opened last is its main
+/// window.
 class PrintHost final : public platform::PDEPluginCallback {
   public:
     /// `printerID` names the chosen printer; empty: the PPD's model name (no printer without one).
     PrintHost(PpdFile ppd, platform::PrintSettings settings, const std::string& printerID = "");
-    ~PrintHost() override;
 
     /// Asks the module's factory for this printer's pane and calls it as a dialog does before the first
     /// restore: initWithBundle, PDEPanelsForType, then the panel's supportedPPDOptionKeys, panelName,
