@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <iterator>
 
 namespace specialpages {
 
@@ -18,6 +19,13 @@ constexpr std::size_t kMaxKeywordBytes = 99;
 
 /// How many bytes of an attribute's value hold the number of mailboxes.
 constexpr std::size_t kMailboxNumberBytes = 3;
+
+/// The names under which a PPD gives its encoding.
+constexpr std::string_view kISOLatin1 = "ISOLatin1";
+constexpr std::string_view kWindowsANSI = "WindowsANSI";
+constexpr std::string_view kJIS83_RKSJ = "JIS83-RKSJ";
+constexpr std::string_view kUTF_8 = "UTF-8";
+constexpr std::string_view kUTF8 = "UTF8";
 
 /// The text in one of the PPD's fixed fields, terminated or full.
 template <std::size_t Size>
@@ -233,16 +241,16 @@ PPDEncoding GetCFStringEncodingFromPPD(const ppd_file_t* ppd) {
         return PPDEncoding::MacRoman;
     }
     const std::string_view name(ppd->lang_encoding);
-    if (name == "ISOLatin1") {
+    if (name == kISOLatin1) {
         return PPDEncoding::ISOLatin1;
     }
-    if (name == "WindowsANSI") {
+    if (name == kWindowsANSI) {
         return PPDEncoding::WindowsLatin1;
     }
-    if (name == "JIS83-RKSJ") {
+    if (name == kJIS83_RKSJ) {
         return PPDEncoding::MacJapanese;
     }
-    if (name == "UTF-8" || name == "UTF8") {
+    if (name == kUTF_8 || name == kUTF8) {
         return PPDEncoding::UTF8;
     }
     return PPDEncoding::MacRoman;

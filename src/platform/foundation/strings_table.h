@@ -3,6 +3,7 @@
 
 #include "platform/export.h"
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -20,7 +21,10 @@ struct StringsError {
     std::string message;
 };
 
-/// Reads a UTF-8 table. Escapes: \" \\ \n \t \r \uXXXX and \UXXXX (UTF-16 units, pairs joined). Keys may be
+/// Larger tables are refused.
+inline constexpr std::size_t kMaxStringsBytes = 16U * 1024 * 1024;
+
+/// Reads a UTF-8 table; a byte-order mark in front is skipped. Escapes: \" \\ \n \t \r \uXXXX and \UXXXX (UTF-16 units, pairs joined). Keys may be
 /// unquoted words. On failure the optional is empty and `error`, when given, names line and expectation.
 SPECIALPAGES_PLATFORM_API std::optional<StringsEntries> parse_strings(std::string_view bytes,
                                                                       StringsError* error = nullptr);
