@@ -1,6 +1,6 @@
 #include "records/record_builder.h"
-#include "ticket/npif_command.h"
 #include "support/slash_decimal.h"
+#include "ticket/npif_command.h"
 
 #include <gtest/gtest.h>
 
