@@ -1,6 +1,6 @@
 #include "cli/decode_value.h"
 
-#include "ticket/slash_decimal.h"
+#include "support/slash_decimal.h"
 
 namespace specialpages::cli {
 
