@@ -24,11 +24,11 @@ constexpr std::string_view kCustomSize = "Custom";
 
 std::string joined(std::initializer_list<std::string_view> fields) {
     std::string text;
+    std::string_view separator;
     for (const auto field : fields) {
-        if (&field != fields.begin()) {
-            text += ',';
-        }
+        text += separator;
         text += field;
+        separator = ",";
     }
     return text;
 }

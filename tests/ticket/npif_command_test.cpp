@@ -35,8 +35,9 @@ std::string fields_at(const NPIFCommand& command, std::initializer_list<std::siz
     const auto fields = command_fields(command.text).value();
     std::string text;
     for (const auto place : places) {
-        text += (text.empty() ? "" : ",") + fields.at(place);
+        text += fields.at(place) + ",";
     }
+    text.pop_back();
     return text;
 }
 
