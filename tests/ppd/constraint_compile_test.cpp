@@ -191,7 +191,7 @@ TEST(ConstraintForms, PairsAreMadeByFirstChoiceThenBySecond) {
     // Of one key, the entry made last stands behind the one made first; B:z lies in a bucket before B:y if
     // ordered so.
     ConstraintIndex expected;
-    for (const std::uint16_t choice : {1, 2}) {
+    for (std::uint16_t choice = 1; choice <= 2; ++choice) {
         expected.insert("B:y", {0, 0, choice});
         expected.insert("B:z", {0, 0, choice});
     }

@@ -100,7 +100,7 @@ TEST_F(ConstraintsPpd, HoldsNoOtherKeys) {
                 ElementsAre("Duplex:DuplexNoTumble", "Duplex:DuplexTumble", "MediaType:Labels",
                             "MediaType:Thick", "NVFold:Beta", "NVNoSuchOption:y", "NVPunch:Punch2",
                             "NVPunch:Punch3", "NVStaple:None", "nvpunch:punch4"));
-    EXPECT_EQ(index.size(), 15U);
+    EXPECT_EQ(index.size(), 14U);
 }
 
 TEST_F(ConstraintsPpd, FollowsTheMarksThatLibcupsMakes) {
