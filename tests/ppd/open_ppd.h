@@ -42,6 +42,15 @@ inline void mark_defaults(ppd_file_t* ppd) {
     ppdMarkDefaults(ppd);
 }
 
+/// Whether libcups found the option to take part in a broken constraint when a choice was last marked.
+inline bool is_flagged(ppd_file_t* ppd, const char* option) {
+    const ppd_option_t* found = ppdFindOption(ppd, option);
+    if (found == nullptr) {
+        throw std::runtime_error(std::string("no option ") + option);
+    }
+    return found->conflicted != 0;
+}
+
 #pragma GCC diagnostic pop
 
 /// A folder of its own, removed with what is in it.
