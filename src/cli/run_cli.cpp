@@ -78,7 +78,7 @@ void add_drive(CLI::App& app, PaneOptions& options) {
 }
 
 void run_parsed(const std::vector<std::string>& arguments, Streams streams, CLI::App& app) {
-    app.require_subcommand(1);
+    app.require_subcommand(0, 1); // none: told below, after arguments that belong to none
     app.fallthrough();
     app.set_version_flag("--version", std::string(kProgram) + " " + SPECIALPAGES_VERSION,
                          "Print the version and exit");
@@ -105,8 +105,11 @@ void run_parsed(const std::vector<std::string>& arguments, Streams streams, CLI:
         show_command(show, streams);
     } else if (app.got_subcommand("decode")) {
         decode_command(values, streams);
-    } else {
+    } else if (app.got_subcommand("drive")) {
         drive_command(drive, streams);
+    } else {
+        throw host::HostError(host::ErrorCode::usage, "",
+                              std::string("expected a command (see ") + kProgram + " --help)");
     }
     flush_results(streams.out);
 }
