@@ -252,7 +252,7 @@ void DriveSession::answer() {
     if (!pending_) {
         return;
     }
-    const Pending done = std::move(*pending_);
+    const PendingAnswer done = std::move(*pending_);
     pending_.reset();
     ordered_json line;
     line["ok"] = !done.error;

@@ -22,6 +22,16 @@
 
 namespace specialpages::cli {
 
+/// A request that was read and not answered yet.
+struct PendingAnswer {
+    std::uint64_t number = 0;
+    nlohmann::ordered_json id = nlohmann::ordered_json::value_t::discarded;     ///< none was given
+    nlohmann::ordered_json result = nlohmann::ordered_json::value_t::discarded; ///< there is none
+    std::optional<std::string> error;
+    std::vector<std::string> alerts;
+    int beeps = 0;
+};
+
 class DriveSession final : public platform::ApplicationFace {
   public:
     /// All three are borrowed; the host's pane is open. The session is the application's face while it lives.
@@ -39,16 +49,6 @@ class DriveSession final : public platform::ApplicationFace {
     void beep() override;
 
   private:
-    /// A request that was read and not answered yet; there is one at most.
-    struct Pending {
-        std::uint64_t number = 0;
-        nlohmann::ordered_json id{nlohmann::ordered_json::value_t::discarded};     ///< none was given
-        nlohmann::ordered_json result{nlohmann::ordered_json::value_t::discarded}; ///< there is none
-        std::optional<std::string> error;
-        std::vector<std::string> alerts;
-        int beeps = 0;
-    };
-
     void readRequests(const std::function<bool()>& stopped);
     void handle(const std::string& line, bool cut);
     /// Carries the request out and answers its result; a discarded value when it has none.
@@ -69,7 +69,7 @@ class DriveSession final : public platform::ApplicationFace {
     std::istream& in_;
     std::ostream& out_;
     platform::ApplicationFace* faceBefore_;
-    std::optional<Pending> pending_;
+    std::optional<PendingAnswer> pending_; ///< there is one at most
     std::uint64_t requests_ = 0;
     bool ended_ = false;
 };

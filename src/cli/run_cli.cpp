@@ -97,7 +97,7 @@ void add_constraints(CLI::App& app, ConstraintsOptions& options) {
 }
 
 void run_parsed(const std::vector<std::string>& arguments, Streams streams, CLI::App& app) {
-    app.require_subcommand(1);
+    app.require_subcommand(0, 1); // none: told below, after arguments that belong to none
     app.fallthrough();
     app.set_version_flag("--version", std::string(kProgram) + " " + SPECIALPAGES_VERSION,
                          "Print the version and exit");
@@ -128,8 +128,11 @@ void run_parsed(const std::vector<std::string>& arguments, Streams streams, CLI:
         decode_command(values, streams);
     } else if (app.got_subcommand("constraints")) {
         constraints_command(constraints, streams);
-    } else {
+    } else if (app.got_subcommand("drive")) {
         drive_command(drive, streams);
+    } else {
+        throw host::HostError(host::ErrorCode::usage, "",
+                              std::string("expected a command (see ") + kProgram + " --help)");
     }
     flush_results(streams.out);
 }

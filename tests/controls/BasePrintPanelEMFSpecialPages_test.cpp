@@ -764,7 +764,7 @@ TEST(PanelSettings, TheConstraintIndexIsSharedWithEveryWindow) {
 
 class PanelNib : public testing::Test {
   protected:
-    void write(const std::string& contents) { test::write_file(bundle_.path() / "Pane.nib", contents); }
+    void write(const std::string& contents) { test::write_test_file(bundle_.path() / "Pane.nib", contents); }
     static constexpr const char* kNib =
         R"(<ui version="4.0"><class>Pane</class><widget class="QWidget" name="Pane">)"
         R"(<widget class="QPushButton" name="button"/></widget></ui>)";

@@ -153,8 +153,8 @@ TEST_F(PopupWindow, NamesItsTableAfterTheFirstPPDWithAnIndex) {
 }
 
 TEST_F(PopupWindow, TheTitleIgnoresTheTableOfThePPD) {
-    test::write_file(bundle_.path() / "en.lproj" / "Localizable01.strings",
-                     "\"Covers Title\" = \"of the other table\";\n");
+    test::write_test_file(bundle_.path() / "en.lproj" / "Localizable01.strings",
+                          "\"Covers Title\" = \"of the other table\";\n");
     PpdBuilder ppd;
     ppd.attribute("NVLocalizableFileIndex", "", "01");
     popup_.InitializeUserPane(bundle_.get(), ppd.file());

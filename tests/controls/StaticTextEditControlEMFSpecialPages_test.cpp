@@ -105,9 +105,9 @@ class VersionText : public testing::Test {
     /// A bundle with that version in its information.
     static std::shared_ptr<platform::Bundle> bundle(const test::TemporaryDirectory& directory,
                                                     const std::string& entries) {
-        test::write_file(directory.path() / "Info.plist",
-                         "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<plist version=\"1.0\"><dict>" +
-                             entries + "</dict></plist>\n");
+        test::write_test_file(directory.path() / "Info.plist",
+                              "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<plist version=\"1.0\"><dict>" +
+                                  entries + "</dict></plist>\n");
         return platform::Bundle::load(directory.path());
     }
     std::shared_ptr<platform::Bundle> versionBundle(const std::string& version) {

@@ -426,7 +426,7 @@ class LocalizedBundle {
         for (const auto& [key, text] : texts) {
             table.append("\"").append(key).append("\" = \"").append(text).append("\";\n");
         }
-        write_file(directory_.path() / "en.lproj" / "Localizable.strings", table);
+        write_test_file(directory_.path() / "en.lproj" / "Localizable.strings", table);
         bundle_ = platform::Bundle::load(directory_.path());
         if (!bundle_) {
             throw std::runtime_error("the bundle cannot be loaded");

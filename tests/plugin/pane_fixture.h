@@ -3,7 +3,6 @@
 #pragma once
 
 #include "platform/foundation/Bundle.h"
-#include "platform/foundation/TemporaryDirectory.h"
 #include "platform/print/PDEPluginCallback.h"
 #include "platform/print/PageFormat.h"
 #include "platform/print/PrintSession.h"
@@ -12,6 +11,7 @@
 #include "plugin/SpecialPagesPDEPluginnvbir15.h"
 #include "plugin/SpecialPagesPDEnvbir15.h"
 #include "records/SPSummaryScrollViewCtrl.h"
+#include "support/temporary_bundle.h"
 #include "testing/OpenPpd.h"
 
 #include <gtest/gtest.h>
@@ -23,9 +23,6 @@
 #include <vector>
 
 namespace specialpages::test {
-
-using platform::testing::ScopedEnvironment;
-using platform::testing::TemporaryDirectory;
 
 inline const std::string kKey = "com.norvalen.nb.rtz.printsettings.";
 
