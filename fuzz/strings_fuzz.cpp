@@ -37,7 +37,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     const std::string written = write_strings(*first);
     const auto second = parse_strings(written);
-    require(second.has_value() && *second == *first);
-    require(write_strings(*second) == written);
+    require(second && *second == *first && write_strings(*second) == written);
     return 0;
 }

@@ -11,9 +11,9 @@
 
 namespace specialpages::platform {
 
-/// Replaces `path` by `bytes`: temporary file beside it, flush to disk, rename. Missing folders are made. On
-/// failure the old file is as it was, no temporary file is left, and the answer is the reason; empty text on
-/// success.
+/// Replaces `path` by `bytes`: temporary file beside it, flush to disk, rename. Missing folders are made, a
+/// replaced file's permissions are kept, and a symbolic link stays one (its target is replaced). On failure
+/// the old file is as it was, no temporary file is left, and the answer is the reason; empty text on success.
 SPECIALPAGES_PLATFORM_API std::string write_file_atomically(const std::filesystem::path& path,
                                                             std::string_view bytes);
 

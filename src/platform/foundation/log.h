@@ -12,7 +12,7 @@ namespace specialpages::platform {
 
 using LogSink = std::function<void(std::string_view line)>;
 
-/// Hands one line, without a line end, to the sink. Without a sink it is dropped.
+/// Hands one line to the sink, line ends at its end taken off. Without a sink it is dropped.
 SPECIALPAGES_PLATFORM_API void NSLog(std::string_view line);
 
 /// Sets the sink (null: none) and answers the one before, so that it can be put back.

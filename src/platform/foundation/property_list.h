@@ -33,16 +33,20 @@ struct SPECIALPAGES_PLATFORM_API PropertyList {
 };
 
 /// What a text must keep to be read: larger or deeper ones are refused before any parser sees them.
-inline constexpr std::size_t kMaxPropertyListBytes = 16U * 1024 * 1024;
+inline constexpr std::size_t kMaxPropertyListBytes = std::size_t{16} * 1024 * 1024;
 inline constexpr int kMaxPropertyListDepth = 64;
 
 /// Reads an XML property list. On failure the optional is empty and `error`, when given, says what was wrong
 /// (with the line where it is known). Ill-formed UTF-8, a byte-order mark, a key that stands twice in its
-/// dictionary, and kinds of value that this tree does not hold (dates, UIDs) are refused.
+/// dictionary, and kinds of value that this tree does not hold (dates, UIDs) are refused; so are integers past 64
+/// bits with sign, numbers that are not decimal, malformed Base64, and document types with declarations of their
+/// own.
 SPECIALPAGES_PLATFORM_API std::optional<PropertyList> parse_property_list(std::string_view bytes,
                                                                           std::string* error = nullptr);
 
-/// The XML form. Reading it gives the same tree, and writing that gives the same bytes.
+/// The XML form. Reading it gives the same tree, and writing that gives the same bytes, for every tree within
+/// the bounds above whose texts are well-formed UTF-8 without zero bytes; other bytes of a text are written
+/// as U+FFFD. Of two equal keys the first is written.
 SPECIALPAGES_PLATFORM_API std::string write_property_list(const PropertyList& list);
 
 } // namespace specialpages::platform

@@ -17,9 +17,9 @@ std::optional<std::string>& fixed_zone() {
 
 /// Detected anew each time: a change of $TZ holds from the next question on.
 std::unique_ptr<icu::TimeZone> local_zone() {
-    if (fixed_zone()) {
+    if (const auto& name = fixed_zone(); name) {
         return std::unique_ptr<icu::TimeZone>(
-            icu::TimeZone::createTimeZone(icu::UnicodeString::fromUTF8(*fixed_zone())));
+            icu::TimeZone::createTimeZone(icu::UnicodeString::fromUTF8(*name)));
     }
     return std::unique_ptr<icu::TimeZone>(icu::TimeZone::detectHostTimeZone());
 }

@@ -38,7 +38,7 @@ class BundleTest : public ::testing::Test {
     void put(const std::string& name, const std::string& bytes = "x") {
         write_test_file(home / "A.bundle" / name, bytes);
     }
-    std::optional<fs::path> inside(const std::string& name) { return home / "A.bundle" / name; }
+    fs::path inside(const std::string& name) { return home / "A.bundle" / name; }
 
     TemporaryDirectory home;
 };
@@ -255,7 +255,7 @@ TEST_F(BundleTest, AMalformedTableCountsAsEmptyAndIsLoggedOnce) {
     EXPECT_EQ(bundle->localizedStringForKey("k", "", ""), "en");
     EXPECT_EQ(bundle->localizedStringForKey("k", "", ""), "en");
     setLogSink(before);
-    EXPECT_EQ(lines, std::vector<std::string>{inside("de.lproj/Localizable.strings")->string() +
+    EXPECT_EQ(lines, std::vector<std::string>{inside("de.lproj/Localizable.strings").string() +
                                               ":2: text without closing quote"});
 }
 

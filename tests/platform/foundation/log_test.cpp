@@ -9,10 +9,13 @@ namespace specialpages::platform {
 namespace {
 
 class LogTest : public ::testing::Test {
-  protected:
+  public:
     LogTest() : before(setLogSink(nullptr)) {}
+    LogTest(const LogTest&) = delete;
+    LogTest& operator=(const LogTest&) = delete;
     ~LogTest() override { setLogSink(before); }
 
+  protected:
     LogSink collector() {
         return [this](std::string_view line) {
             lines.emplace_back(line);

@@ -28,10 +28,8 @@ TEST(IntValue, ReadsTheNumberAtTheHead) {
 }
 
 TEST(IntValue, IsZeroWithoutADigit) {
-    for (const char* text : {"", " ", "-", "+", "+-5", "-+5", "--5", "- 5", "abc", "a1", ".5",
-                             "\xC2\xA0"
-                             "5",
-                             "\xD9\xA3"}) {
+    for (const char* text :
+         {"", " ", "-", "+", "+-5", "-+5", "--5", "- 5", "abc", "a1", ".5", "\xC2\xA0 5", "\xD9\xA3"}) {
         EXPECT_EQ(int_value(text), 0) << text;
     }
 }

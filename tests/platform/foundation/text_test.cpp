@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -58,12 +59,11 @@ TEST(Utf16, GoesToUtf8WithAReplacementForEachLoneSurrogate) {
 
 RC_GTEST_PROP(Utf16, RoundTripsEveryWellFormedText, (const std::vector<char16_t>& units)) {
     const std::string text = utf8_from_utf16({units.data(), units.size()});
-    const auto back = utf16_from_utf8(text);
+    const std::u16string back = utf16_from_utf8(text).value_or(u"ill-formed");
     RC_ASSERT(is_valid_utf8(text));
-    RC_ASSERT(back.has_value());
-    RC_ASSERT(back->size() == units.size()); // a lone surrogate is replaced by one unit
+    RC_ASSERT(back.size() == units.size()); // a lone surrogate is replaced by one unit
     RC_ASSERT(utf16_length(text) == units.size());
-    RC_ASSERT(utf8_from_utf16(*back) == text);
+    RC_ASSERT(utf8_from_utf16(back) == text);
 }
 
 TEST(Utf8Prefix, CutsAtCharacterBoundaries) {
@@ -135,10 +135,9 @@ TEST(TextEncodings, RefuseUnknownNamesAndIllFormedBytes) {
 }
 
 TEST(TextEncodings, ReadLongTexts) {
-    const auto text = utf8_from_encoding(std::string(100'000, '\xE4'), "ISO-8859-1");
-    ASSERT_TRUE(text);
-    EXPECT_EQ(utf16_length(*text), 100'000U);
-    EXPECT_EQ(text->size(), 200'000U);
+    const std::string text = utf8_from_encoding(std::string(100'000, '\xE4'), "ISO-8859-1").value_or("");
+    EXPECT_EQ(utf16_length(text), 100'000U);
+    EXPECT_EQ(text.size(), 200'000U);
 }
 
 } // namespace

@@ -16,7 +16,10 @@ constexpr auto kWinter = sys_days(2024y / 1 / 15) + 12h;
 constexpr auto kSummer = sys_days(2024y / 7 / 15) + 12h;
 
 class TimeZoneTest : public ::testing::Test {
-  protected:
+  public:
+    TimeZoneTest() = default;
+    TimeZoneTest(const TimeZoneTest&) = delete;
+    TimeZoneTest& operator=(const TimeZoneTest&) = delete;
     ~TimeZoneTest() override { set_local_time_zone(std::nullopt); }
 };
 

@@ -155,9 +155,13 @@ TEST_F(HelpBookTest, AFileThatCannotBeWrittenIsAnError) {
 }
 
 class HelpPageTest : public ::testing::Test {
-  protected:
+  public:
     HelpPageTest() : before(setHelpOpener(nullptr)) {}
+    HelpPageTest(const HelpPageTest&) = delete;
+    HelpPageTest& operator=(const HelpPageTest&) = delete;
     ~HelpPageTest() override { setHelpOpener(before); }
+
+  private:
     HelpOpener before;
 };
 
