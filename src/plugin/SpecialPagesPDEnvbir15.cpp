@@ -8,6 +8,7 @@
 #include "platform/foundation/Bundle.h"
 #include "platform/print/PDEPluginCallback.h"
 #include "platform/print/PageFormat.h"
+#include "platform/toolkit/Application.h"
 #include "platform/toolkit/Button.h"
 #include "platform/toolkit/IconView.h"
 #include "platform/toolkit/TableView.h"
@@ -214,6 +215,10 @@ void SpecialPagesPDEnvbir15::buildPane(platform::PDEPluginCallback& host, ppd_fi
 }
 
 bool SpecialPagesPDEnvbir15::SimulationOpenPDE() {
+    // A dialog of the pane is open and works on the records: they must not be exchanged under it.
+    if (platform::Application::shared().modalDepth() > 0) {
+        return true;
+    }
     isMediaTypeTab = false;
     isMediaSizeA5 = false;
     hasInterposer = false;

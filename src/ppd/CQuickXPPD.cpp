@@ -69,7 +69,7 @@ void read_entries(std::string_view line, ConstraintIndex& index) {
             last_id = index.insert(key, place);
         }
     }
-    index.pack();
+    index.trim();
 }
 
 void append_field(std::string& text, std::string_view field) {

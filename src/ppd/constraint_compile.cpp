@@ -37,13 +37,13 @@ class CompiledOption {
     /// Position of the first choice of that name.
     std::optional<std::uint32_t> find_choice(std::string_view name) {
         if (!names_) {
-            names_.emplace(NameCase::Ignored, choices().size());
+            names_.emplace(choices().size());
             std::uint32_t position = 0;
             for (const ppd_choice_t& choice : choices()) {
-                names_->add(field_text(choice.choice), position++);
+                names_->add(Name::folded(field_text(choice.choice)), position++);
             }
         }
-        return names_->find(name);
+        return names_->find(Name::folded(name));
     }
 
     /// Positions of the choices that do something.
@@ -85,6 +85,7 @@ class CompiledOption {
     }
 
     std::uint32_t next_of_same_keyword = kNone;
+    std::uint32_t last_of_same_keyword = kNone; ///< kept at the first one only
 
   private:
     const ppd_option_t* option_;
@@ -98,22 +99,41 @@ class CompiledOption {
 /// A run over constraints of one PPD into one index.
 class ConstraintCompiler {
   public:
-    ConstraintCompiler(const ppd_file_t& ppd, ConstraintIndex& index);
+    /// `keywordList` is what concerns() asks for. PPD and list outlive the run.
+    ConstraintCompiler(const ppd_file_t& ppd, ConstraintIndex& index,
+                       std::span<const std::string> keywordList);
 
+    /// Whether one of the constraint's options stands in the keyword list.
+    bool concerns(const ppd_const_t& constraint) {
+        return keyword(field_text(constraint.option1)).listed ||
+               keyword(field_text(constraint.option2)).listed;
+    }
     void add(const ppd_const_t& constraint, bool choice1_named, bool choice2_named);
 
   private:
+    /// What an option keyword of a constraint, as it is spelled there, stands for.
+    struct Keyword {
+        bool listed = false;
+        std::uint32_t first_option = kNone;
+    };
     struct KeySource {
         CompiledOption* option;
         std::uint32_t choice;
     };
 
-    CompiledOption* first_option(std::string_view keyword);
-    CompiledOption* next_option(const CompiledOption& option);
+    void add_options(std::span<const ppd_option_t> options, std::size_t group);
+    const Keyword& keyword(std::string_view spelled);
+    CompiledOption* first_option(std::string_view spelled) {
+        return option_at(keyword(spelled).first_option);
+    }
+    CompiledOption* next_option(const CompiledOption& option) {
+        return option_at(option.next_of_same_keyword);
+    }
+    CompiledOption* option_at(std::uint32_t number) { return number == kNone ? nullptr : &options_[number]; }
 
     /// Calls `visit(option)` for the first option of the keyword, or for every one.
     template <typename Visit>
-    void visit_options(std::string_view keyword, bool every, Visit visit);
+    void visit_options(std::string_view spelled, bool every, Visit visit);
 
     void collect_named_value(const ppd_const_t& constraint);
     void collect_active_values(const ppd_const_t& constraint, bool every_option);
@@ -122,43 +142,59 @@ class ConstraintCompiler {
 
     ConstraintIndex& index_;
     std::vector<CompiledOption> options_;
-    NameTable keywords_{NameCase::Ignored};
+    NameTable first_options_;       ///< folded keyword -> the first option of that keyword
+    NameTable spellings_;           ///< keyword as spelled -> keywords_
+    std::vector<Keyword> keywords_; ///< of the list, and of the constraints so far
+    std::string_view last_spelling_;
+    std::uint32_t last_keyword_ = 0;
     std::vector<x_constraints> values_; ///< of the constraint at hand
     std::vector<KeySource> keys_;       ///< of the constraint at hand
     bool told_of_far_choice_ = false;
 };
 
-ConstraintCompiler::ConstraintCompiler(const ppd_file_t& ppd, ConstraintIndex& index) : index_(index) {
-    std::vector<std::uint32_t> last_of_keyword;
-    std::size_t group_position = 0;
+ConstraintCompiler::ConstraintCompiler(const ppd_file_t& ppd, ConstraintIndex& index,
+                                       std::span<const std::string> keywordList)
+    : index_(index), spellings_(keywordList.size()) {
+    std::size_t position = 0;
     for (const ppd_group_t& group : span_of(ppd.groups, ppd.num_groups)) {
-        std::size_t position = 0;
-        for (const ppd_option_t& option : span_of(group.options, group.num_options)) {
-            const auto number = static_cast<std::uint32_t>(options_.size());
-            options_.emplace_back(option, group_position, position++);
-            last_of_keyword.push_back(number);
-            const std::uint32_t first = keywords_.add(options_.back().keyword(), number);
-            if (first != number) {
-                options_[last_of_keyword[first]].next_of_same_keyword = number;
-                last_of_keyword[first] = number;
-            }
-        }
-        ++group_position;
+        add_options(span_of(group.options, group.num_options), position++);
+    }
+    for (const std::string& listed : keywordList) {
+        keyword(listed);
+    }
+    for (Keyword& each : keywords_) {
+        each.listed = true;
     }
 }
 
-CompiledOption* ConstraintCompiler::first_option(std::string_view keyword) {
-    const std::optional<std::uint32_t> number = keywords_.find(keyword);
-    return number ? &options_[*number] : nullptr;
+void ConstraintCompiler::add_options(std::span<const ppd_option_t> options, std::size_t group) {
+    std::size_t position = 0;
+    for (const ppd_option_t& option : options) {
+        const auto number = static_cast<std::uint32_t>(options_.size());
+        options_.emplace_back(option, group, position++);
+        const std::uint32_t first = first_options_.add(Name::folded(options_.back().keyword()), number);
+        if (first != number) {
+            options_[options_[first].last_of_same_keyword].next_of_same_keyword = number;
+        }
+        options_[first].last_of_same_keyword = number;
+    }
 }
 
-CompiledOption* ConstraintCompiler::next_option(const CompiledOption& option) {
-    return option.next_of_same_keyword == kNone ? nullptr : &options_[option.next_of_same_keyword];
+const ConstraintCompiler::Keyword& ConstraintCompiler::keyword(std::string_view spelled) {
+    // The same keyword is asked for again and again in a row.
+    if (spelled != last_spelling_ || keywords_.empty()) {
+        last_spelling_ = spelled;
+        last_keyword_ = spellings_.add(Name::exact(spelled), static_cast<std::uint32_t>(keywords_.size()));
+        if (last_keyword_ == keywords_.size()) {
+            keywords_.push_back({false, first_options_.find(Name::folded(spelled)).value_or(kNone)});
+        }
+    }
+    return keywords_[last_keyword_];
 }
 
 template <typename Visit>
-void ConstraintCompiler::visit_options(std::string_view keyword, bool every, Visit visit) {
-    for (CompiledOption* option = first_option(keyword); option != nullptr;
+void ConstraintCompiler::visit_options(std::string_view spelled, bool every, Visit visit) {
+    for (CompiledOption* option = first_option(spelled); option != nullptr;
          option = every ? next_option(*option) : nullptr) {
         visit(*option);
     }
@@ -234,7 +270,7 @@ void add_constraint(const ppd_file_t* ppd, ConstraintIndex* index, std::int32_t 
     }
     const std::span<const ppd_const_t> constraints = span_of(ppd->consts, ppd->num_consts);
     if (number >= 0 && static_cast<std::size_t>(number) < constraints.size()) {
-        ConstraintCompiler(*ppd, *index)
+        ConstraintCompiler(*ppd, *index, {})
             .add(constraints[static_cast<std::size_t>(number)], choice1_named, choice2_named);
     }
 }
@@ -262,17 +298,15 @@ void compile_constraints(const ppd_file_t* ppd, ConstraintIndex* index,
     if (ppd == nullptr || index == nullptr) {
         return;
     }
-    NameTable listed(NameCase::Exact, keywordList.size());
-    for (const std::string& keyword : keywordList) {
-        listed.add(keyword, 0);
-    }
-    ConstraintCompiler compiler(*ppd, *index);
-    for (const ppd_const_t& constraint : span_of(ppd->consts, ppd->num_consts)) {
-        if (listed.find(field_text(constraint.option1)) || listed.find(field_text(constraint.option2))) {
+    const std::span<const ppd_const_t> constraints = span_of(ppd->consts, ppd->num_consts);
+    index->reserve(index->size() + constraints.size());
+    ConstraintCompiler compiler(*ppd, *index, keywordList);
+    for (const ppd_const_t& constraint : constraints) {
+        if (compiler.concerns(constraint)) {
             compiler.add(constraint, constraint.choice1[0] != '\0', constraint.choice2[0] != '\0');
         }
     }
-    index->pack();
+    index->trim();
 }
 
 } // namespace specialpages

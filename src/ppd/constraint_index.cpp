@@ -1,6 +1,7 @@
 #include "ppd/constraint_index.h"
 
 #include <algorithm>
+#include <cstring>
 #include <utility>
 
 namespace specialpages {
@@ -12,6 +13,23 @@ constexpr std::array<std::uint64_t, 28> kPrimes = {
     6151,      12289,     24593,     49157,     98317,      196613,     393241,
     786433,    1572869,   3145739,   6291469,   12582917,   25165843,   50331653,
     100663319, 201326611, 402653189, 805306457, 1610612741, 3221225473, 4294967291};
+
+/// The told hash gives many names that differ in digits the same number ("17" and "22"), so that chains hold
+/// keys of one hash. This one tells them apart without a look at their texts.
+std::uint32_t mark_of(std::string_view key) {
+    constexpr std::uint64_t kMultiplier = 0x9E3779B97F4A7C15;
+    std::uint64_t mixed = key.size();
+    std::uint64_t word = 0;
+    for (; key.size() >= sizeof word; key.remove_prefix(sizeof word)) {
+        std::memcpy(&word, key.data(), sizeof word);
+        mixed = (mixed ^ word) * kMultiplier;
+        mixed ^= mixed >> 32;
+    }
+    for (const char byte : key) {
+        mixed = (mixed ^ static_cast<unsigned char>(byte)) * kMultiplier;
+    }
+    return static_cast<std::uint32_t>(mixed >> 32);
+}
 
 } // namespace
 
@@ -36,61 +54,86 @@ std::size_t ConstraintIndex::prime_at_or_above(std::size_t hint) {
 ConstraintIndex::ConstraintIndex(std::size_t requested_buckets)
     : heads_(prime_at_or_above(requested_buckets), kNone) {}
 
-std::uint32_t ConstraintIndex::find(std::string_view key, std::uint64_t hash) const {
+std::uint32_t ConstraintIndex::find(std::string_view key, std::uint64_t hash, std::uint32_t mark) const {
     std::uint32_t at = heads_[hash % heads_.size()];
-    while (at != kNone && (keys_[at].hash != hash || text_of(keys_[at]) != key)) {
+    while (at != kNone && (keys_[at].hash != hash || keys_[at].mark != mark || text_of(keys_[at]) != key)) {
         at = keys_[at].next;
     }
     return at;
 }
 
 ConstraintIndex::Places ConstraintIndex::equal_range(std::string_view key) const {
-    const std::uint32_t at = find(key, constraintHash{}(key));
-    return at == kNone ? Places() : Places(nodes_.data(), keys_[at].first);
+    const std::uint32_t at = find(key, constraintHash{}(key), mark_of(key));
+    return at == kNone ? Places() : Places(keys_[at], nodes_.data());
 }
 
-std::uint32_t ConstraintIndex::add_key(std::string_view key, std::uint64_t hash) {
+std::uint32_t ConstraintIndex::add_key(std::string_view key, std::uint64_t hash, std::uint32_t mark,
+                                       x_constraints first) {
     if (key.size() >= kNone - texts_.size()) {
         return kNone;
     }
-    const auto text = static_cast<std::uint32_t>(texts_.size());
-    texts_.insert(texts_.end(), key.begin(), key.end());
     std::uint32_t& head = heads_[hash % heads_.size()];
-    keys_.push_back({hash, text, static_cast<std::uint32_t>(key.size()), kNone, head});
+    Key& added = keys_.emplace_back();
+    added.hash = hash;
+    added.mark = mark;
+    added.text = static_cast<std::uint32_t>(texts_.size());
+    added.size = static_cast<std::uint32_t>(key.size());
+    added.next = head;
+    added.ends[0] = first;
+    texts_.insert(texts_.end(), key.begin(), key.end());
+    ++size_;
     return head = static_cast<std::uint32_t>(keys_.size() - 1);
 }
 
-void ConstraintIndex::link(Key& key, x_constraints value) {
-    const auto node = static_cast<std::uint32_t>(nodes_.size());
-    if (key.first == kNone) {
-        nodes_.push_back({value, kNone});
-        key.first = node;
-    } else {
-        nodes_.push_back({value, nodes_[key.first].next});
-        nodes_[key.first].next = node;
+void ConstraintIndex::add_behind_first(Key& key, x_constraints value) {
+    ++size_;
+    if (key.single) {
+        key.single = false;
+        key.ends[front_] = key.ends[0];
+        key.ends[1 - front_] = value;
+        return;
     }
+    std::uint32_t& top = key.stacks[front_];
+    nodes_.push_back({value, top});
+    top = static_cast<std::uint32_t>(nodes_.size() - 1);
+}
+
+std::vector<x_constraints> ConstraintIndex::places_in_order(const Key& key) const {
+    if (key.single) {
+        return {key.ends[0]};
+    }
+    std::vector<x_constraints> places{key.ends[front_]};
+    for (std::uint32_t node = key.stacks[front_]; node != kNone; node = nodes_[node].below) {
+        places.push_back(nodes_[node].value);
+    }
+    const auto other_stack = static_cast<std::ptrdiff_t>(places.size());
+    for (std::uint32_t node = key.stacks[1 - front_]; node != kNone; node = nodes_[node].below) {
+        places.push_back(nodes_[node].value);
+    }
+    std::reverse(places.begin() + other_stack, places.end());
+    places.push_back(key.ends[1 - front_]);
+    return places;
 }
 
 ConstraintIndex::KeyId ConstraintIndex::insert(std::string_view key, x_constraints value) {
-    if (nodes_.size() >= kNone) {
+    if (size() >= kNone) {
         return kNoKey;
     }
     resize(size() + 1);
     const std::uint64_t hash = constraintHash{}(key);
-    std::uint32_t at = find(key, hash);
+    const std::uint32_t mark = mark_of(key);
+    const std::uint32_t at = find(key, hash, mark);
     if (at == kNone) {
-        at = add_key(key, hash);
+        return KeyId{add_key(key, hash, mark, value)};
     }
-    if (at != kNone) {
-        link(keys_[at], value);
-    }
+    add_behind_first(keys_[at], value);
     return KeyId{at};
 }
 
 void ConstraintIndex::insert(KeyId key, x_constraints value) {
-    if (key != kNoKey && nodes_.size() < kNone) {
+    if (key != kNoKey && size() < kNone) {
         resize(size() + 1);
-        link(keys_[static_cast<std::uint32_t>(key)], value);
+        add_behind_first(keys_[static_cast<std::uint32_t>(key)], value);
     }
 }
 
@@ -103,26 +146,17 @@ void ConstraintIndex::resize(std::size_t entries) {
     }
 }
 
-void ConstraintIndex::reverse_places(Key& key) {
-    std::uint32_t reversed = kNone;
-    for (std::uint32_t node = key.first; node != kNone;) {
-        const std::uint32_t next = std::exchange(nodes_[node].next, reversed);
-        reversed = std::exchange(node, next);
-    }
-    key.first = reversed;
-}
-
 void ConstraintIndex::rehash(std::size_t buckets) {
     const std::vector<std::uint32_t> old = std::exchange(heads_, std::vector<std::uint32_t>(buckets, kNone));
     for (std::uint32_t at : old) {
         while (at != kNone) {
-            // Each entry of the key goes to the head, one after the other: they stay together, in reverse.
             Key& key = keys_[at];
-            reverse_places(key);
-            const std::uint32_t next = std::exchange(key.next, heads_[key.hash % buckets]);
-            heads_[key.hash % buckets] = std::exchange(at, next);
+            std::uint32_t& head = heads_[key.hash % buckets];
+            const std::uint32_t next = std::exchange(key.next, head);
+            head = std::exchange(at, next);
         }
     }
+    front_ = 1 - front_;
 }
 
 void ConstraintIndex::clear() {
@@ -130,19 +164,10 @@ void ConstraintIndex::clear() {
     keys_.clear();
     nodes_.clear();
     texts_.clear();
+    size_ = 0;
 }
 
-void ConstraintIndex::pack() {
-    std::vector<Node> packed;
-    packed.reserve(nodes_.size());
-    for (Key& key : keys_) {
-        std::uint32_t node = std::exchange(key.first, static_cast<std::uint32_t>(packed.size()));
-        for (; node != kNone; node = nodes_[node].next) {
-            packed.push_back({nodes_[node].value, static_cast<std::uint32_t>(packed.size() + 1)});
-        }
-        packed.back().next = kNone;
-    }
-    nodes_ = std::move(packed);
+void ConstraintIndex::trim() {
     keys_.shrink_to_fit();
     texts_.shrink_to_fit();
 }
@@ -153,16 +178,11 @@ std::size_t ConstraintIndex::memory_bytes() const {
 }
 
 ConstraintIndex::const_iterator ConstraintIndex::begin() const {
-    const_iterator first;
-    first.index_ = this;
-    first.enter_bucket(0);
-    return first;
+    return const_iterator(*this);
 }
 
 ConstraintIndex::const_iterator ConstraintIndex::end() const {
-    const_iterator last;
-    last.index_ = this;
-    return last;
+    return {};
 }
 
 void ConstraintIndex::const_iterator::enter_bucket(std::size_t bucket) {
@@ -175,20 +195,17 @@ void ConstraintIndex::const_iterator::enter_bucket(std::size_t bucket) {
 
 void ConstraintIndex::const_iterator::enter_key(std::uint32_t key) {
     key_ = key;
-    node_ = key == kNone ? kNone : index_->keys_[key].first;
-}
-
-ConstraintIndex::Entry ConstraintIndex::const_iterator::operator*() const {
-    return {index_->text_of(index_->keys_[key_]), index_->nodes_[node_].value};
+    place_ = 0;
+    places_ = key == kNone ? std::vector<x_constraints>() : index_->places_in_order(index_->keys_[key]);
 }
 
 ConstraintIndex::const_iterator& ConstraintIndex::const_iterator::operator++() {
-    node_ = index_->nodes_[node_].next;
-    if (node_ == kNone) {
-        enter_key(index_->keys_[key_].next);
-    }
-    if (node_ == kNone) {
-        enter_bucket(bucket_ + 1);
+    if (++place_ == places_.size()) {
+        if (const std::uint32_t next = index_->keys_[key_].next; next != kNone) {
+            enter_key(next);
+        } else {
+            enter_bucket(bucket_ + 1);
+        }
     }
     return *this;
 }

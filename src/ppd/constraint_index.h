@@ -96,7 +96,8 @@ class ConstraintIndex {
     const_iterator begin() const;
     const_iterator end() const;
 
-    /// The entries of one key, in chain order. Valid until the next insertion.
+    /// The entries of one key, in an order that depends on the insertions alone but is not that of iteration.
+    /// Valid until the next insertion.
     class Places;
     Places equal_range(std::string_view key) const;
 
@@ -105,19 +106,20 @@ class ConstraintIndex {
     /// The same insertion for a key known to be here, without looking for it. kNoKey does nothing.
     void insert(KeyId key, x_constraints value);
 
-    std::size_t size() const { return nodes_.size(); }
-    bool empty() const { return nodes_.empty(); }
+    std::size_t size() const { return size_; }
+    bool empty() const { return size_ == 0; }
     /// Number of different keys.
     std::size_t key_count() const { return keys_.size(); }
     std::size_t bucket_count() const { return heads_.size(); }
 
     /// Makes room for that many entries: grows, as told above, when it exceeds the bucket count.
     void resize(std::size_t entries);
+    /// Sets memory aside for that many entries; the buckets stay as they are.
+    void reserve(std::size_t entries) { nodes_.reserve(entries); }
     /// Removes all entries. The bucket count stays.
     void clear();
-    /// Moves the entries of each key next to each other and gives spare memory back. Order, ids and bucket
-    /// count stay.
-    void pack();
+    /// Gives back memory that was set aside for further keys.
+    void trim();
 
     /// Bytes held on the heap.
     std::size_t memory_bytes() const;
@@ -128,29 +130,39 @@ class ConstraintIndex {
   private:
     static constexpr std::uint32_t kNone = 0xFFFFFFFF;
 
+    // A growth turns the entries of every key round, for they go one by one to the head of the same bucket.
+    // So they are held as a sequence with two ends, read from one end or the other by turns: "behind the
+    // first" is behind one end at one time and behind the other at another, and what was put there lies
+    // between the ends as two stacks. In reading order from end `front_`: that end, its stack from the top,
+    // the other stack from the bottom, the other end.
     struct Key {
         std::uint64_t hash;
-        std::uint32_t text;  ///< offset in texts_
-        std::uint32_t size;  ///< of the text
-        std::uint32_t first; ///< node
-        std::uint32_t next;  ///< key in the same bucket
+        std::uint32_t text;                                ///< offset in texts_
+        std::uint32_t size;                                ///< of the text
+        std::uint32_t next;                                ///< key in the same bucket
+        std::array<std::uint32_t, 2> stacks{kNone, kNone}; ///< top node of each
+        std::array<x_constraints, 2> ends{};
+        std::uint32_t mark = 0; ///< tells apart most keys of one hash
+        bool single = true;     ///< one entry only, in ends[0]
     };
     struct Node {
         x_constraints value;
-        std::uint32_t next; ///< node of the same key
+        std::uint32_t below; ///< node
     };
 
     std::string_view text_of(const Key& key) const { return {texts_.data() + key.text, key.size}; }
-    std::uint32_t find(std::string_view key, std::uint64_t hash) const;
-    std::uint32_t add_key(std::string_view key, std::uint64_t hash);
-    void link(Key& key, x_constraints value);
-    void reverse_places(Key& key);
+    std::vector<x_constraints> places_in_order(const Key& key) const;
+    std::uint32_t find(std::string_view key, std::uint64_t hash, std::uint32_t mark) const;
+    std::uint32_t add_key(std::string_view key, std::uint64_t hash, std::uint32_t mark, x_constraints first);
+    void add_behind_first(Key& key, x_constraints value);
     void rehash(std::size_t buckets);
 
     std::vector<std::uint32_t> heads_; ///< key at the head of each bucket
     std::vector<Key> keys_;
-    std::vector<Node> nodes_;
+    std::vector<Node> nodes_; ///< the entries between the ends
     std::vector<char> texts_;
+    std::size_t size_ = 0;
+    std::size_t front_ = 0; ///< the end from which all keys are read now
 };
 
 class ConstraintIndex::Places {
@@ -164,10 +176,18 @@ class ConstraintIndex::Places {
         using reference = const x_constraints&;
 
         const_iterator() = default;
-        reference operator*() const { return nodes_[at_].value; }
-        pointer operator->() const { return &nodes_[at_].value; }
+        reference operator*() const { return *at_; }
+        pointer operator->() const { return at_; }
         const_iterator& operator++() {
-            at_ = nodes_[at_].next;
+            if (at_ == key_->ends.data() && !key_->single) {
+                at_ = &key_->ends[1];
+                return *this;
+            }
+            while (below_ == kNone && stack_ < key_->stacks.size()) {
+                below_ = key_->stacks[stack_++];
+            }
+            at_ = below_ == kNone ? nullptr : &nodes_[below_].value;
+            below_ = below_ == kNone ? kNone : nodes_[below_].below;
             return *this;
         }
         const_iterator operator++(int) {
@@ -181,23 +201,28 @@ class ConstraintIndex::Places {
 
       private:
         friend class Places;
-        const_iterator(const Node* nodes, std::uint32_t at) : nodes_(nodes), at_(at) {}
+        const_iterator(const Key& key, const Node* nodes) : at_(key.ends.data()), key_(&key), nodes_(nodes) {}
 
+        const x_constraints* at_ = nullptr;
+        const Key* key_ = nullptr;
         const Node* nodes_ = nullptr;
-        std::uint32_t at_ = kNone;
+        std::uint32_t below_ = kNone;
+        std::size_t stack_ = 0; ///< the next one to enter
     };
 
     Places() = default;
-    const_iterator begin() const { return {nodes_, first_}; }
-    const_iterator end() const { return {nodes_, kNone}; }
-    bool empty() const { return first_ == kNone; }
+    const_iterator begin() const {
+        return key_ == nullptr ? const_iterator() : const_iterator(*key_, nodes_);
+    }
+    const_iterator end() const { return {}; }
+    bool empty() const { return key_ == nullptr; }
 
   private:
     friend class ConstraintIndex;
-    Places(const Node* nodes, std::uint32_t first) : nodes_(nodes), first_(first) {}
+    Places(const Key& key, const Node* nodes) : key_(&key), nodes_(nodes) {}
 
+    const Key* key_ = nullptr;
     const Node* nodes_ = nullptr;
-    std::uint32_t first_ = kNone;
 };
 
 class ConstraintIndex::const_iterator {
@@ -209,7 +234,7 @@ class ConstraintIndex::const_iterator {
     using reference = Entry;
 
     const_iterator() = default;
-    Entry operator*() const;
+    Entry operator*() const { return {index_->text_of(index_->keys_[key_]), places_[place_]}; }
     const_iterator& operator++();
     const_iterator operator++(int) {
         const_iterator before = *this;
@@ -217,18 +242,20 @@ class ConstraintIndex::const_iterator {
         return before;
     }
     friend bool operator==(const const_iterator& left, const const_iterator& right) {
-        return left.node_ == right.node_;
+        return left.key_ == right.key_ && left.place_ == right.place_;
     }
 
   private:
     friend class ConstraintIndex;
+    explicit const_iterator(const ConstraintIndex& index) : index_(&index) { enter_bucket(0); }
     void enter_bucket(std::size_t bucket);
     void enter_key(std::uint32_t key);
 
     const ConstraintIndex* index_ = nullptr;
     std::size_t bucket_ = 0;
-    std::uint32_t key_ = kNone;
-    std::uint32_t node_ = kNone;
+    std::uint32_t key_ = kNone;         ///< kNone at the end
+    std::vector<x_constraints> places_; ///< of the key, in order
+    std::size_t place_ = 0;
 };
 
 // Compiling. A half of a constraint that names a choice means that choice, whatever it is called. A half

@@ -10,81 +10,86 @@ namespace specialpages {
 namespace {
 
 constexpr std::size_t kFewestSlots = 8;
-constexpr std::uint64_t kMultiplier = 0x9E3779B97F4A7C15;
-/// Bit 5 of each byte: the one in which ASCII letters of both cases differ.
-constexpr std::uint64_t kCaseBits = 0x2020202020202020;
 
 constexpr char lower(char c) {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
 
+/// Slots for that many names, a quarter of them free at least.
+std::size_t slots_for(std::size_t names) {
+    return std::bit_ceil(std::max(names + names / 3 + 1, kFewestSlots));
+}
+
 } // namespace
 
 bool equal_ignoring_case(std::string_view left, std::string_view right) {
-    return left.size() == right.size() &&
-           (left == right || std::equal(left.begin(), left.end(), right.begin(),
-                                        [](char a, char b) { return lower(a) == lower(b); }));
+    return std::equal(left.begin(), left.end(), right.begin(), right.end(),
+                      [](char a, char b) { return lower(a) == lower(b); });
 }
 
-NameTable::NameTable(NameCase name_case, std::size_t expected)
-    : name_case_(name_case), slots_(std::bit_ceil(std::max(2 * expected, kFewestSlots))) {}
+Name::Name(const Bytes& bytes) {
+    std::memcpy(words_.data(), bytes.data(), sizeof words_);
+}
 
-std::uint64_t NameTable::hash(std::string_view name) const {
-    // Setting the case bit makes equal names equal words; that it also brings a few unequal ones together is
-    // settled by the comparison.
-    const std::uint64_t ignored = name_case_ == NameCase::Ignored ? kCaseBits : 0;
-    std::uint64_t mixed = name.size() * kMultiplier;
-    while (!name.empty()) {
-        std::uint64_t word = 0;
-        const std::size_t taken = std::min(name.size(), sizeof word);
-        std::memcpy(&word, name.data(), taken);
-        mixed = (mixed ^ (word | ignored)) * kMultiplier;
+Name Name::exact(std::string_view text) {
+    Bytes bytes{};
+    text.copy(bytes.data(), kMaxBytes);
+    return Name(bytes);
+}
+
+Name Name::folded(std::string_view text) {
+    Bytes bytes{};
+    text.copy(bytes.data(), kMaxBytes);
+    std::transform(bytes.begin(), bytes.end(), bytes.begin(), lower);
+    return Name(bytes);
+}
+
+std::uint64_t Name::hash() const {
+    constexpr std::uint64_t kMultiplier = 0x9E3779B97F4A7C15;
+    std::uint64_t mixed = 0;
+    for (const std::uint64_t word : words_) {
+        if (word == 0) {
+            break;
+        }
+        mixed = (mixed ^ word) * kMultiplier;
         mixed ^= mixed >> 32;
-        name.remove_prefix(taken);
     }
     return mixed;
 }
 
-bool NameTable::matches(const Slot& slot, std::string_view name, std::uint64_t hash) const {
-    if (slot.hash != hash) {
-        return false;
-    }
-    const std::string_view held(slot.text, slot.length);
-    return name_case_ == NameCase::Ignored ? equal_ignoring_case(held, name) : held == name;
-}
+NameTable::NameTable(std::size_t expected) : slots_(slots_for(expected)) {}
 
-std::size_t NameTable::place(std::string_view name, std::uint64_t hash) const {
+std::size_t NameTable::place(const Name& name) const {
     const std::size_t mask = slots_.size() - 1;
-    std::size_t at = hash & mask;
-    while (slots_[at].text != nullptr && !matches(slots_[at], name, hash)) {
+    std::size_t at = name.hash() & mask;
+    while (slots_[at].used && slots_[at].name != name) {
         at = (at + 1) & mask;
     }
     return at;
 }
 
-std::uint32_t NameTable::add(std::string_view name, std::uint32_t number) {
-    if (2 * (used_ + 1) > slots_.size()) {
+std::uint32_t NameTable::add(const Name& name, std::uint32_t number) {
+    if (slots_for(used_ + 1) > slots_.size()) {
         resize(2 * slots_.size());
     }
-    const std::uint64_t name_hash = hash(name);
-    Slot& slot = slots_[place(name, name_hash)];
-    if (slot.text == nullptr) {
-        slot = {name.empty() ? "" : name.data(), static_cast<std::uint32_t>(name.size()), number, name_hash};
+    Slot& slot = slots_[place(name)];
+    if (!slot.used) {
+        slot = {name, number, true};
         ++used_;
     }
     return slot.number;
 }
 
-std::optional<std::uint32_t> NameTable::find(std::string_view name) const {
-    const Slot& slot = slots_[place(name, hash(name))];
-    return slot.text == nullptr ? std::nullopt : std::optional(slot.number);
+std::optional<std::uint32_t> NameTable::find(const Name& name) const {
+    const Slot& slot = slots_[place(name)];
+    return slot.used ? std::optional(slot.number) : std::nullopt;
 }
 
 void NameTable::resize(std::size_t slots) {
     const std::vector<Slot> old = std::exchange(slots_, std::vector<Slot>(slots));
     for (const Slot& slot : old) {
-        if (slot.text != nullptr) {
-            slots_[place({slot.text, slot.length}, slot.hash)] = slot;
+        if (slot.used) {
+            slots_[place(slot.name)] = slot;
         }
     }
 }

@@ -26,7 +26,10 @@ std::string bounded_name(const std::string& name) {
 } // namespace
 
 std::optional<std::string> GetAppResourceName(std::optional<std::string_view> text, std::int32_t part) {
-    const std::size_t hyphen = text ? text->find('-') : std::string_view::npos;
+    if (!text) {
+        return std::nullopt;
+    }
+    const std::size_t hyphen = text->find('-');
     if (hyphen == std::string_view::npos) {
         return std::nullopt;
     }

@@ -145,6 +145,8 @@ std::int32_t TransformPointByType(std::string* out, std::int32_t points, std::in
     // Both quotients are smaller than the scaled value, so that they fit in 32 bits again.
     std::int32_t result = -1;
     if (type == kTransformInches) {
+        // The fraction is dropped towards zero, for negative values too.
+        // NOLINTNEXTLINE(bugprone-incorrect-roundings)
         result = static_cast<std::int32_t>(scaled / 72.0 + 0.5);
     } else if (type == kTransformMillimetres) {
         result = static_cast<std::int32_t>(scaled * 25.4 / 72.0 + 5.0) / 10 * 10;

@@ -4,7 +4,8 @@
 //
 // Millimetres: text with one decimal ("210.0"), number in tenths (2100). Inches: text with two decimals
 // ("8.27"), number in hundredths (827). PPD sizes are points, 72 to the inch. A column is the unit of field
-// widths: one or two a character.
+// widths: one or two a character. Functions that count UTF-16 units take ill-formed UTF-8 for an empty text;
+// a zero byte ends a text that is read as a number. Numbers saturate at 32 bits.
 #pragma once
 
 #include <cstdint>
@@ -38,8 +39,9 @@ std::optional<std::string> TransformMillimetreToInchs(std::optional<std::string_
 
 enum : std::int32_t { kTransformInches = 0, kTransformMillimetres = 1 };
 /// Points as inches (type 0) or millimetres (type 1), scaled by 10 to the power of `decimals`. A millimetre
-/// result always ends in 0. With `out`, the text with the point placed `decimals` digits from the right,
-/// without a zero in front (50 with two decimals is ".50"). Any other type gives -1 and leaves `out` alone.
+/// result always ends in 0. The scaling alone wraps around in 32 bits. With `out`, the text with the point
+/// placed `decimals` digits from the right, without a zero in front (50 with two decimals is ".50"). Any
+/// other type gives -1 and leaves `out` alone.
 std::int32_t TransformPointByType(std::string* out, std::int32_t points, std::int32_t decimals,
                                   std::int32_t type);
 
@@ -65,7 +67,7 @@ std::string itoa(std::int32_t value);
 std::int32_t GetIntegerLength(std::int32_t value);
 
 /// The longest head whose columns do not pass `columns`; characters below U+0080 count one, other UTF-16
-/// units two.
+/// units two. A surrogate pair is kept whole or not at all.
 std::string GetShortenString(std::string_view text, std::int32_t columns);
 /// Columns: UTF-16 units below U+0080 count one, others two.
 std::int32_t GetStringLength(std::string_view text);
@@ -75,7 +77,8 @@ std::int32_t GetUTF8StringLength(std::string_view text);
 
 /// Appends the pieces of `text` between separators to `out`. A newline separates too; a text that ends in the
 /// separator has an empty last piece; an empty text has one empty piece. As many bytes of the text are taken
-/// as it has UTF-16 units, so that text beyond ASCII loses its end.
+/// as it has UTF-16 units, so that text beyond ASCII loses its end; a character that the cut goes through is
+/// lost whole. Ill-formed UTF-8 appends nothing.
 void getStringBySeparator(std::vector<std::string>& out, std::string_view text, char separator);
 
 } // namespace specialpages

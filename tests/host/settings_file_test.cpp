@@ -1,6 +1,5 @@
-#include "host/settings_file.h"
-
 #include "host/host_fixtures.h"
+#include "host/settings_file.h"
 
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
@@ -106,21 +105,25 @@ INSTANTIATE_TEST_SUITE_P(
         Refused{"Empty", "",
                 "s.json, line 1: expected JSON: syntax error while parsing value - unexpected end of input; "
                 "expected '[', '{', or a literal"},
-        Refused{"OtherText", "\nhello",
-                "s.json, line 2: expected JSON: syntax error while parsing value - invalid literal; last read: "
-                "'<U+000A>h'"},
+        Refused{
+            "OtherText", "\nhello",
+            "s.json, line 2: expected JSON: syntax error while parsing value - invalid literal; last read: "
+            "'<U+000A>h'"},
         Refused{"CutOff", "{\"a\":\n\"b\"",
                 "s.json, line 2: expected JSON: syntax error while parsing object - unexpected end of input; "
                 "expected '}'"},
-        Refused{"SomethingBehind", "{}\n{}",
-                "s.json, line 2: expected JSON: syntax error while parsing value - unexpected '{'; expected end "
-                "of input"},
-        Refused{"NoComma", "{\"a\":\"1\"\n\"b\":\"2\"}",
-                "s.json, line 2: expected JSON: syntax error while parsing object - unexpected string literal; "
-                "expected '}'"},
-        Refused{"BadUtf8", "{\"a\":\"\xFF\"}",
-                "s.json, line 1: expected JSON: syntax error while parsing value - invalid string: ill-formed "
-                "UTF-8 byte; last read: '\"\xFF'"},
+        Refused{
+            "SomethingBehind", "{}\n{}",
+            "s.json, line 2: expected JSON: syntax error while parsing value - unexpected '{'; expected end "
+            "of input"},
+        Refused{
+            "NoComma", "{\"a\":\"1\"\n\"b\":\"2\"}",
+            "s.json, line 2: expected JSON: syntax error while parsing object - unexpected string literal; "
+            "expected '}'"},
+        Refused{
+            "BadUtf8", "{\"a\":\"\xFF\"}",
+            "s.json, line 1: expected JSON: syntax error while parsing value - invalid string: ill-formed "
+            "UTF-8 byte; last read: '\"\xFF'"},
         Refused{"LoneSurrogate", R"({"a":"\ud800"})",
                 "s.json, line 1: expected JSON: syntax error while parsing value - invalid string: surrogate "
                 "U+D800..U+DBFF must be followed by U+DC00..U+DFFF; last read: '\"\\ud800\"'"},
@@ -157,37 +160,36 @@ INSTANTIATE_TEST_SUITE_P(
 class RefusedPropertyList : public ::testing::TestWithParam<Refused> {};
 
 TEST_P(RefusedPropertyList, NamesFileAndKey) {
-    const std::string bytes = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<plist version=\"1.0\">" +
-                              GetParam().bytes + "</plist>";
-    const HostError error =
-        error_of([&] { parse_settings(bytes, SettingsFormat::propertyList, "s.plist"); });
+    const std::string bytes =
+        "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<plist version=\"1.0\">" + GetParam().bytes + "</plist>";
+    const HostError error = error_of([&] { parse_settings(bytes, SettingsFormat::propertyList, "s.plist"); });
     EXPECT_EQ(error.code(), ErrorCode::input);
     EXPECT_EQ(error.what(), GetParam().message);
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Files, RefusedPropertyList,
-    ::testing::Values(
-        Refused{"AnArray", "<array/>", "s.plist: expected a dictionary of settings"},
-        Refused{"AText", "<string>a</string>", "s.plist: expected a dictionary of settings"},
-        Refused{"NumberValue", "<dict><key>a</key><integer>1</integer></dict>",
-                "s.plist: \"a\": expected a text or an array of texts, found a number"},
-        Refused{"RealValue", "<dict><key>a</key><real>1.5</real></dict>",
-                "s.plist: \"a\": expected a text or an array of texts, found a number"},
-        Refused{"TrueValue", "<dict><key>a</key><true/></dict>",
-                "s.plist: \"a\": expected a text or an array of texts, found true or false"},
-        Refused{"DictionaryValue", "<dict><key>a</key><dict/></dict>",
-                "s.plist: \"a\": expected a text or an array of texts, found a dictionary"},
-        Refused{"DataValue", "<dict><key>a</key><data>AAAA</data></dict>",
-                "s.plist: \"a\": expected a text or an array of texts, found data"},
-        Refused{"ArrayInArray", "<dict><key>a</key><array><array/></array></dict>",
-                "s.plist: \"a\": expected texts in the array, found an array"},
-        Refused{"NumberInArray", "<dict><key>a</key><array><integer>1</integer></array></dict>",
-                "s.plist: \"a\": expected texts in the array, found a number"}),
+    ::testing::Values(Refused{"AnArray", "<array/>", "s.plist: expected a dictionary of settings"},
+                      Refused{"AText", "<string>a</string>", "s.plist: expected a dictionary of settings"},
+                      Refused{"NumberValue", "<dict><key>a</key><integer>1</integer></dict>",
+                              "s.plist: \"a\": expected a text or an array of texts, found a number"},
+                      Refused{"RealValue", "<dict><key>a</key><real>1.5</real></dict>",
+                              "s.plist: \"a\": expected a text or an array of texts, found a number"},
+                      Refused{"TrueValue", "<dict><key>a</key><true/></dict>",
+                              "s.plist: \"a\": expected a text or an array of texts, found true or false"},
+                      Refused{"DictionaryValue", "<dict><key>a</key><dict/></dict>",
+                              "s.plist: \"a\": expected a text or an array of texts, found a dictionary"},
+                      Refused{"DataValue", "<dict><key>a</key><data>AAAA</data></dict>",
+                              "s.plist: \"a\": expected a text or an array of texts, found data"},
+                      Refused{"ArrayInArray", "<dict><key>a</key><array><array/></array></dict>",
+                              "s.plist: \"a\": expected texts in the array, found an array"},
+                      Refused{"NumberInArray", "<dict><key>a</key><array><integer>1</integer></array></dict>",
+                              "s.plist: \"a\": expected texts in the array, found a number"}),
     [](const auto& info) { return info.param.name; });
 
 TEST(SettingsFile, WhatIsNoPropertyListIsRefusedWithTheReadersReason) {
-    for (const char* const bytes : {"", "{}", "<plist", "\xEF\xBB\xBF<plist version=\"1.0\"><dict/></plist>"}) {
+    for (const char* const bytes :
+         {"", "{}", "<plist", "\xEF\xBB\xBF<plist version=\"1.0\"><dict/></plist>"}) {
         const HostError error =
             error_of([&] { parse_settings(bytes, SettingsFormat::propertyList, "s.plist"); });
         EXPECT_EQ(error.code(), ErrorCode::input) << bytes;
@@ -199,8 +201,8 @@ TEST(SettingsFile, WhatIsNoPropertyListIsRefusedWithTheReadersReason) {
 TEST(SettingsFile, APropertyListWithAKeyTwiceOrEmptyIsRefused) {
     const std::string head = "<?xml version=\"1.0\" encoding=\"UTF-8\"?><plist version=\"1.0\"><dict>";
     const std::string tail = "</dict></plist>";
-    for (const char* const entries : {"<key>a</key><string>1</string><key>a</key><string>2</string>",
-                                      "<key></key><string>1</string>"}) {
+    for (const char* const entries :
+         {"<key>a</key><string>1</string><key>a</key><string>2</string>", "<key></key><string>1</string>"}) {
         EXPECT_EQ(error_of([&] {
                       parse_settings(head + entries + tail, SettingsFormat::propertyList, "s.plist");
                   }).code(),
@@ -252,7 +254,9 @@ TEST(SettingsFile, AFileIsReadBackInBothForms) {
 TEST(SettingsFile, AFileThatCannotBeWrittenStaysAsItWas) {
     const TemporaryFolder folder;
     const auto file = folder.write("s.json", "before");
-    EXPECT_EQ(error_of([&] { write_settings_file(file, settings_of({{"a", std::string("\xFF")}})); }).code(),
+    EXPECT_EQ(error_of([&] {
+                  write_settings_file(file, settings_of({{"a", std::string("\xFF")}}));
+              }).code(),
               ErrorCode::other);
     EXPECT_EQ(read_bytes(file), "before");
 

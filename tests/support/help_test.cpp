@@ -7,12 +7,12 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <string>
 
 namespace specialpages {
 namespace {
+
+using platform::testing::write_test_file;
 
 std::string repeated(std::string_view text, std::size_t count) {
     std::string all;
@@ -101,8 +101,8 @@ class HelpBook : public testing::Test {
     }
     std::filesystem::path bundleDirectory() const { return directory_.path() / "SpecialPages.bundle"; }
 
-    test::TemporaryDirectory directory_;
-    test::EnvironmentVariable config_;
+    platform::testing::TemporaryDirectory directory_;
+    platform::testing::ScopedEnvironment config_;
 };
 
 TEST_F(HelpBook, OfABundleThatIsNotLoadedIsMissing) {
@@ -119,22 +119,21 @@ TEST_F(HelpBook, OfABundleWithoutHelpIsMissing) {
 }
 
 TEST_F(HelpBook, OfThePaneIsRegisteredUnderItsIdentifier) {
-    test::write_file(bundleDirectory() / "Help" / "SpecialPagesMain_x.htm", "<html></html>");
+    write_test_file(bundleDirectory() / "Help" / "SpecialPagesMain_x.htm", "<html></html>");
     const auto bundle = platform::Bundle::load(bundleDirectory());
     ASSERT_NE(bundle, nullptr);
     EXPECT_EQ(RegisterMyHelpBook(), platform::noErr);
     EXPECT_EQ(RegisterMyHelpBook(), platform::noErr);
-    std::ifstream file(platform::help_preferences_file(), std::ios::binary);
-    const std::string contents{std::istreambuf_iterator<char>(file), {}};
+    const std::string contents = platform::testing::read_test_file(platform::help_preferences_file());
     EXPECT_NE(contents.find(kBundleIdentifier), std::string::npos) << contents;
     EXPECT_NE(contents.find("SpecialPages.bundle"), std::string::npos) << contents;
 }
 
 TEST_F(HelpBook, ThatCannotBeRegisteredAnswersTheViewersStatus) {
-    test::write_file(bundleDirectory() / "Help" / "SpecialPagesMain_x.htm", "<html></html>");
+    write_test_file(bundleDirectory() / "Help" / "SpecialPagesMain_x.htm", "<html></html>");
     const auto bundle = platform::Bundle::load(bundleDirectory());
     ASSERT_NE(bundle, nullptr);
-    test::write_file(platform::help_preferences_file(), "this is no property list");
+    write_test_file(platform::help_preferences_file(), "this is no property list");
     EXPECT_EQ(RegisterMyHelpBook(), platform::ioErr);
 }
 

@@ -23,7 +23,7 @@ TEST(Identifiers, TheLocalisedTableIsNamedByItsIndex) {
 }
 
 TEST(Identifiers, ThePanesBundleIsFoundForAsLongAsItLives) {
-    const test::TemporaryDirectory directory;
+    const platform::testing::TemporaryDirectory directory;
     test::write_bundle(directory.path(), kBundleIdentifier);
     EXPECT_EQ(GetAppBundleRef(), nullptr);
     auto bundle = platform::Bundle::load(directory.path());
@@ -34,7 +34,7 @@ TEST(Identifiers, ThePanesBundleIsFoundForAsLongAsItLives) {
 }
 
 TEST(Identifiers, AnotherBundleIsNotThePanes) {
-    const test::TemporaryDirectory directory;
+    const platform::testing::TemporaryDirectory directory;
     test::write_bundle(directory.path(), "com.norvalen.nb.r15.pde.SpecialPages2");
     const auto bundle = platform::Bundle::load(directory.path());
     ASSERT_NE(bundle, nullptr);

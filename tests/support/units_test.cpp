@@ -1,10 +1,10 @@
+#include "platform/foundation/comma_locale.h"
 #include "support/units.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <cfenv>
-#include <clocale>
 #include <limits>
 #include <string>
 #include <utility>
@@ -213,20 +213,14 @@ TEST(Units, InchesDoNotDependOnTheRoundingMode) {
 }
 
 TEST(Units, NumbersDoNotDependOnTheLocale) {
-    const char* comma = nullptr;
-    for (const char* name : {"de_DE.UTF-8", "fr_FR.UTF-8", "de_DE", "fr_FR", "ru_RU.UTF-8"}) {
-        comma = std::setlocale(LC_ALL, name);
-        if (comma != nullptr) {
-            break;
-        }
-    }
-    if (comma == nullptr) {
-        GTEST_SKIP() << "no locale with a decimal comma is installed";
-    }
-    EXPECT_EQ(TransformMillimetreToInchs("2.1e2"), "0.83");
+    const platform::testing::CommaLocale commas;
+    EXPECT_EQ(TransformMillimetreToInchs("210.0"), "8.27");
+    EXPECT_EQ(TransformMillimetreToInchs("21,0"), "0.83");
     EXPECT_EQ(TransformMillimetreToInchs(zeros(29) + "1.5"), "0.06");
     EXPECT_EQ(ConvertIntToFloatStr(12345678), "1234567.8");
-    std::setlocale(LC_ALL, "C");
+    EXPECT_EQ(ConvertFloatStrToInt("12345.6"), 123456);
+    EXPECT_EQ(transformed(612000, 2, kTransformInches), Transformed(850000, "8500.00"));
+    EXPECT_EQ(itoa(1234567), "1234567");
 }
 
 // Points.

@@ -174,6 +174,21 @@ std::optional<PropertyList> refuse(std::string* error, std::string message) {
     return std::nullopt;
 }
 
+/// How many entries the dictionaries of the tree have.
+std::size_t entries_in(const PropertyList& list) {
+    std::size_t entries = 0;
+    if (const auto* const dictionary = std::get_if<PropertyList::Dictionary>(&list.value)) {
+        for (const auto& [key, entry] : *dictionary) {
+            entries += 1 + entries_in(entry);
+        }
+    } else if (const auto* const array = std::get_if<PropertyList::Array>(&list.value)) {
+        for (const PropertyList& element : *array) {
+            entries += entries_in(element);
+        }
+    }
+    return entries;
+}
+
 } // namespace
 
 const PropertyList* PropertyList::find(std::string_view key) const {
@@ -208,7 +223,8 @@ bool PropertyList::remove(std::string_view key) {
 }
 
 std::optional<PropertyList> parse_property_list(std::string_view bytes, std::string* error) {
-    if (std::string problem = check_property_list_text(bytes); !problem.empty()) {
+    std::size_t keys = 0;
+    if (std::string problem = check_property_list_text(bytes, &keys); !problem.empty()) {
         return refuse(error, std::move(problem));
     }
     const CLocale locale;
@@ -219,7 +235,13 @@ std::optional<PropertyList> parse_property_list(std::string_view bytes, std::str
         return refuse(error, "no well-formed property list");
     }
     auto value = from_library(list.get());
-    return value ? std::move(value) : refuse(error, "text that is not UTF-8");
+    if (!value) {
+        return refuse(error, "text that is not UTF-8");
+    }
+    if (entries_in(*value) != keys) {
+        return refuse(error, "a key that stands twice in its dictionary, or has no value");
+    }
+    return value;
 }
 
 std::string write_property_list(const PropertyList& list) {

@@ -37,8 +37,8 @@ inline constexpr std::size_t kMaxPropertyListBytes = 16U * 1024 * 1024;
 inline constexpr int kMaxPropertyListDepth = 64;
 
 /// Reads an XML property list. On failure the optional is empty and `error`, when given, says what was wrong
-/// (with the line where it is known). Ill-formed UTF-8, a byte-order mark, and kinds of value that this tree
-/// does not hold (dates, UIDs) are refused.
+/// (with the line where it is known). Ill-formed UTF-8, a byte-order mark, a key that stands twice in its
+/// dictionary, and kinds of value that this tree does not hold (dates, UIDs) are refused.
 SPECIALPAGES_PLATFORM_API std::optional<PropertyList> parse_property_list(std::string_view bytes,
                                                                           std::string* error = nullptr);
 

@@ -77,6 +77,7 @@ class Walk {
   public:
     explicit Walk(std::string_view text) : text_(text) {}
     std::string problem();
+    std::size_t keys() const { return keys_; }
 
   private:
     bool fail(std::string_view message);
@@ -98,6 +99,7 @@ class Walk {
     std::vector<std::string_view> open_; ///< "plist" first
     bool seen_plist_ = false;
     bool seen_value_ = false;
+    std::size_t keys_ = 0;
     std::string problem_;
 };
 
@@ -241,6 +243,7 @@ bool Walk::close(std::string_view name) {
 }
 
 bool Walk::leaf(std::string_view name, bool selfClosing) {
+    keys_ += name == "key" ? 1 : 0;
     if (selfClosing) {
         return leaf_text(name, {});
     }
@@ -295,7 +298,7 @@ bool Walk::leaf_text(std::string_view name, std::string_view content) {
 
 } // namespace
 
-std::string check_property_list_text(std::string_view bytes) {
+std::string check_property_list_text(std::string_view bytes, std::size_t* keys) {
     if (bytes.size() > kMaxPropertyListBytes) {
         return "larger than " + decimal_text(std::int64_t{kMaxPropertyListBytes}) + " bytes";
     }
@@ -308,7 +311,12 @@ std::string check_property_list_text(std::string_view bytes) {
     if (const std::size_t zero = bytes.find('\0'); zero != npos) {
         return "line " + decimal_text(line_at(bytes, zero)) + ": zero byte";
     }
-    return Walk(bytes).problem();
+    Walk walk(bytes);
+    std::string problem = walk.problem();
+    if (keys != nullptr) {
+        *keys = walk.keys();
+    }
+    return problem;
 }
 
 } // namespace specialpages::platform

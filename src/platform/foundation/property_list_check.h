@@ -3,6 +3,7 @@
 // order may reach it.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -14,6 +15,9 @@ namespace specialpages::platform {
 /// true; nested at most kMaxPropertyListDepth deep; integers decimal and of 64 bits, reals decimal (or as the
 /// writer writes infinities), data Base64. Comments stand between elements only, and there is no internal
 /// document type.
-std::string check_property_list_text(std::string_view bytes);
+///
+/// `keys`, when given, becomes the number of dictionary keys in the text. The library keeps one of several
+/// equal keys without a word; fewer entries than keys give them away.
+std::string check_property_list_text(std::string_view bytes, std::size_t* keys = nullptr);
 
 } // namespace specialpages::platform

@@ -269,6 +269,20 @@ TEST(ParsePropertyList, ReadsAHundredThousandKeys) {
     EXPECT_EQ(std::get<Dictionary>(list.value).size(), 100'000U);
 }
 
+TEST(ParsePropertyList, RefusesAKeyThatStandsTwiceInItsDictionary) {
+    for (const char* const value : {
+             "<dict><key>a</key><string>1</string><key>a</key><string>2</string></dict>",
+             "<dict><key>a</key><true/><key>&#97;</key><true/></dict>",
+             "<array><dict><key>a</key><true/><key><![CDATA[a]]></key><true/></dict></array>",
+         }) {
+        std::string error;
+        EXPECT_FALSE(parse_property_list(document(value), &error)) << value;
+        EXPECT_EQ(error, "a key that stands twice in its dictionary, or has no value") << value;
+    }
+    EXPECT_TRUE(parse_property_list(document("<array><dict><key>a</key><true/></dict>"
+                                             "<dict><key>a</key><true/></dict></array>")));
+}
+
 TEST(WritePropertyList, WritesTheWholeText) {
     const PropertyList list{
         Dictionary{{"z", text("a<&\n")},
