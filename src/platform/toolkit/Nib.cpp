@@ -1,5 +1,6 @@
 #include "platform/toolkit/Nib.h"
 
+#include "platform/foundation/atomic_file.h"
 #include "platform/toolkit/Button.h"
 #include "platform/toolkit/IconView.h"
 #include "platform/toolkit/PopUpButton.h"
@@ -9,8 +10,6 @@
 #include "platform/toolkit/Window.h"
 
 #include <algorithm>
-#include <array>
-#include <fstream>
 
 namespace specialpages::platform {
 
@@ -192,27 +191,17 @@ std::unique_ptr<Nib> Nib::instantiate(const NibElement& root, NibOwner& owner, s
 
 std::unique_ptr<Nib> Nib::loadNibFile(const std::filesystem::path& file, NibOwner& owner,
                                       std::string* error) {
-    const auto fail = [&](const std::string& why) {
-        if (error != nullptr) {
-            *error = file.string() + ": " + why;
-        }
+    const auto xml = read_file(file, error, kMaxNibBytes);
+    if (!xml) {
         return nullptr;
-    };
-    std::ifstream stream(file, std::ios::binary);
-    std::string xml;
-    std::array<char, 16384> block{};
-    // A file that is too large is seen without being read whole.
-    while (stream && xml.size() <= kMaxNibBytes) {
-        stream.read(block.data(), std::ssize(block));
-        xml.append(block.data(), static_cast<std::size_t>(stream.gcount()));
-    }
-    if (!stream.eof() && !stream.good()) {
-        return fail("cannot be read");
     }
     std::string why;
-    const auto root = parse_nib(xml, &why);
+    const auto root = parse_nib(*xml, &why);
     auto nib = root ? instantiate(*root, owner, &why) : nullptr;
-    return nib != nullptr ? std::move(nib) : fail(why);
+    if (nib == nullptr && error != nullptr) {
+        *error = file.string() + ": " + why;
+    }
+    return nib;
 }
 
 } // namespace specialpages::platform

@@ -66,7 +66,7 @@ struct NibElement {
 
 /// Largest nesting of widgets and layouts that is read, the root being the first, and largest text.
 inline constexpr int kMaxNibDepth = 64;
-inline constexpr std::size_t kMaxNibBytes = 8U * 1024 * 1024;
+inline constexpr std::size_t kMaxNibBytes = std::size_t{8} * 1024 * 1024;
 
 /// Reads a nib's XML. On failure the optional is empty and `error`, when given, says what was wrong and
 /// where.
@@ -84,7 +84,7 @@ class SPECIALPAGES_PLATFORM_API Nib {
     /// `error`, when given, says why; the owner then holds outlets whose views are gone.
     static std::unique_ptr<Nib> instantiate(const NibElement& root, NibOwner& owner,
                                             std::string* error = nullptr);
-    /// Reads the file, at most kMaxNibBytes, and instantiates it. The error begins with the file's path.
+    /// Reads the file, at most kMaxNibBytes, and instantiates it. The error names the file.
     static std::unique_ptr<Nib> loadNibFile(const std::filesystem::path& file, NibOwner& owner,
                                             std::string* error = nullptr);
     ~Nib();

@@ -1,7 +1,7 @@
+#include "platform/foundation/text.h"
 #include "platform/toolkit/Nib.h"
 
 #include <pugixml.hpp>
-#include <unicode/ustring.h>
 
 #include <algorithm>
 #include <array>
@@ -92,13 +92,6 @@ constexpr std::array kFlags{
     FlagMember{"visible", &NibElement::visible},
 };
 
-bool is_utf8(std::string_view bytes) {
-    UErrorCode status = U_ZERO_ERROR;
-    std::int32_t length = 0;
-    u_strFromUTF8(nullptr, 0, &length, bytes.data(), static_cast<std::int32_t>(bytes.size()), &status);
-    return status == U_BUFFER_OVERFLOW_ERROR || U_SUCCESS(status) != 0;
-}
-
 /// Where a widget stands.
 struct Place {
     int depth;     ///< of widgets and layouts, 1 for the root
@@ -154,7 +147,7 @@ bool Reader::readDocument(NibElement& root) {
     if (const std::size_t zero = xml_.find('\0'); zero != std::string_view::npos) {
         return fail(static_cast<std::ptrdiff_t>(zero), "a zero byte");
     }
-    if (!is_utf8(xml_)) {
+    if (!is_valid_utf8(xml_)) {
         error_ = "not UTF-8";
         return false;
     }
