@@ -125,6 +125,19 @@ TEST(ConstraintIndex, KeysOfOneHashStayApart) {
     EXPECT_THAT(places_of(index, "B0"), ElementsAre("2.2.2"));
 }
 
+TEST(ConstraintIndex, KeysAreToldApartByTheirTextInTheEnd) {
+    // Equal in length, in the hash, and in the number by which the index tells keys of one hash apart.
+    const std::string_view one = "A5A5B0A5B0A5A5A5A5A5B0B0A5B0B0A5B0B0";
+    const std::string_view other = "A5A5A5A5A5A5A5B0B0A5A5A5A5A5B0A5B0B0";
+    ASSERT_EQ(constraintHash{}(one), constraintHash{}(other));
+    ConstraintIndex index;
+    index.insert(one, {1, 1, 1});
+    EXPECT_TRUE(index.equal_range(other).empty());
+    index.insert(other, {2, 2, 2});
+    EXPECT_EQ(index.key_count(), 2U);
+    EXPECT_THAT(places_of(index, one), ElementsAre("1.1.1"));
+}
+
 TEST(ConstraintIndex, KeysThatDifferBehindANulStayApart) {
     ConstraintIndex index;
     index.insert("A\0B"sv, {1, 1, 1});
