@@ -1,8 +1,8 @@
 // Any bytes, once as a text to be stored and once as a stored value: what is stored comes back, a value that
 // is read names the same text when it is written anew, and a refusal points into the value.
 
-#include "ticket/npif_command.h"
 #include "support/slash_decimal.h"
+#include "ticket/npif_command.h"
 
 #include <algorithm>
 #include <cstddef>

@@ -38,9 +38,9 @@ inline constexpr int kMaxPropertyListDepth = 64;
 
 /// Reads an XML property list. On failure the optional is empty and `error`, when given, says what was wrong
 /// (with the line where it is known). Ill-formed UTF-8, a byte-order mark, a key that stands twice in its
-/// dictionary, and kinds of value that this tree does not hold (dates, UIDs) are refused; so are integers past 64
-/// bits with sign, numbers that are not decimal, malformed Base64, and document types with declarations of their
-/// own.
+/// dictionary, and kinds of value that this tree does not hold (dates, UIDs) are refused; so are integers
+/// past 64 bits with sign, numbers that are not decimal, malformed Base64, and document types with
+/// declarations of their own.
 SPECIALPAGES_PLATFORM_API std::optional<PropertyList> parse_property_list(std::string_view bytes,
                                                                           std::string* error = nullptr);
 
