@@ -31,10 +31,9 @@ bool stays_inside(const fs::path& path) {
            path.native().find('\0') == std::string::npos;
 }
 
-/// Whether the tag can name a language folder: one component, and not "." or "..".
+/// Whether the tag can name a language folder, which is one component.
 bool is_language(const std::string& tag) {
-    return !tag.empty() && tag.find_first_of(std::string_view("/\0", 2)) == std::string::npos &&
-           tag.front() != '.';
+    return !tag.empty() && tag.find_first_of(std::string_view("/\0", 2)) == std::string::npos;
 }
 
 bool is_file(const fs::path& path) {
