@@ -40,8 +40,8 @@ const std::map<std::string, std::set<std::string>>& allowed() {
 const std::map<std::string, std::vector<std::string>>& includes() {
     static const std::map<std::string, std::vector<std::string>> all = [] {
         const fs::path src = fs::path(SPECIALPAGES_SOURCE_DIR) / "src";
-        const std::regex line(R"(^\s*#\s*include\s+"([^"]+)") ");
-            std::map<std::string, std::vector<std::string>>
+        const std::regex line(R"re(^\s*#\s*include\s+"([^"]+)")re");
+        std::map<std::string, std::vector<std::string>>
                 found;
         for (const auto& entry : fs::recursive_directory_iterator(src)) {
             const std::string extension = entry.path().extension().string();
