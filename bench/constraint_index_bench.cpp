@@ -6,6 +6,8 @@
 #include "ppd/choice_conflict.h"
 #include "ppd/constraint_index.h"
 #include "ppd/ppd_access.h"
+#include "ratio_table.h"
+#include "temporary_folder.h"
 
 #include <benchmark/benchmark.h>
 #include <cups/ppd.h>
@@ -13,11 +15,9 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
-#include <cstdlib>
 #include <deque>
 #include <filesystem>
 #include <fstream>
-#include <map>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -28,28 +28,6 @@ namespace specialpages::bench {
 namespace {
 
 namespace fs = std::filesystem;
-
-/// A folder of its own, removed at the end.
-class Folder {
-  public:
-    Folder() {
-        std::string name = (fs::temp_directory_path() / "constraint-bench-XXXXXX").string();
-        if (mkdtemp(name.data()) == nullptr) {
-            throw std::runtime_error("no temporary folder");
-        }
-        path_ = name;
-    }
-    Folder(const Folder&) = delete;
-    Folder& operator=(const Folder&) = delete;
-    ~Folder() {
-        std::error_code ignored;
-        fs::remove_all(path_, ignored);
-    }
-    const fs::path& path() const { return path_; }
-
-  private:
-    fs::path path_;
-};
 
 /// One PPD on disk and open, its cache file, and its compiled index.
 struct Subject {
@@ -153,27 +131,6 @@ void mark_and_ask(benchmark::State& state, const Subject& subject) {
     ppdMarkDefaults(subject.ppd);
 }
 
-/// Prints as usual and keeps the median CPU time of each benchmark, in seconds.
-class Medians : public benchmark::ConsoleReporter {
-  public:
-    void ReportRuns(const std::vector<Run>& runs) override {
-        ConsoleReporter::ReportRuns(runs);
-        for (const Run& run : runs) {
-            if (run.run_type == Run::RT_Aggregate && run.aggregate_name == "median") {
-                seconds_[run.run_name.function_name] =
-                    run.GetAdjustedCPUTime() / benchmark::GetTimeUnitMultiplier(run.time_unit);
-            }
-        }
-    }
-    double of(const std::string& what, const Subject& subject) const {
-        const auto found = seconds_.find(what + "/" + subject.name);
-        return found == seconds_.end() ? 0 : found->second;
-    }
-
-  private:
-    std::map<std::string, double> seconds_;
-};
-
 /// Key text, three positions of 16 bits and three pointers, on average over the entries.
 double plain_bytes_per_entry(const ConstraintIndex& index) {
     std::size_t bytes = 0;
@@ -192,12 +149,15 @@ void print_table(const Medians& medians, const std::deque<Subject>& subjects) {
         std::printf("--:|");
     }
     for (const Subject& subject : subjects) {
-        const double open = medians.of("open", subject);
-        const double compiled = medians.of("compile", subject);
-        const double asked = medians.of("ask", subject);
-        const double dense = medians.of("ask_dense", subject);
-        const double libcups = medians.of("libcups", subject);
-        const double loaded = medians.of("load", subject);
+        const auto median = [&](const std::string& what) {
+            return medians.cpu(what + "/" + subject.name);
+        };
+        const double open = median("open");
+        const double compiled = median("compile");
+        const double asked = median("ask");
+        const double dense = median("ask_dense");
+        const double libcups = median("libcups");
+        const double loaded = median("load");
         const double bytes =
             static_cast<double>(subject.index.memory_bytes()) / static_cast<double>(subject.index.size());
         std::printf("\n| %zu | %zu | %zu | %.2f | %.3f | %.1f | %.2f | %.2f | %.0f | %.0f | %.0f | %.3f | "
@@ -212,7 +172,7 @@ void print_table(const Medians& medians, const std::deque<Subject>& subjects) {
 }
 
 int run(int argc, char** argv) {
-    const Folder folder;
+    const TemporaryFolder folder;
     std::deque<Subject> subjects;
     for (const std::size_t options : {50U, 150U}) {
         for (const std::size_t constraints : {500U, 5'000U, 20'000U, 50'000U}) {
@@ -235,21 +195,10 @@ int run(int argc, char** argv) {
             add("libcups", mark_and_ask);
         }
     }
-    std::vector<std::string> texts(argv, argv + argc);
-    texts.insert(texts.begin() + 1,
-                 {"--benchmark_repetitions=5", "--benchmark_enable_random_interleaving=true",
-                  "--benchmark_min_time=0.2", "--benchmark_report_aggregates_only=true"});
-    std::vector<char*> arguments;
-    for (std::string& text : texts) {
-        arguments.push_back(text.data());
-    }
-    int count = static_cast<int>(arguments.size());
-    benchmark::Initialize(&count, arguments.data());
-    if (benchmark::ReportUnrecognizedArguments(count, arguments.data())) {
+    Medians medians;
+    if (!run_benchmarks(argc, argv, medians)) {
         return 1;
     }
-    Medians medians;
-    benchmark::RunSpecifiedBenchmarks(&medians);
     print_table(medians, subjects);
     return 0;
 }

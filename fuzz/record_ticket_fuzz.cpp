@@ -30,7 +30,9 @@ void check_record(const specialpages::SpecialPageRecord& record) {
     require(record.type() >= 0 && record.type() <= 2);
     require(record.find(RecordKey::selected) == nullptr);
     const auto list = specialpages::encode_record(record);
-    require(list.has_value());
+    if (!list) {
+        std::abort();
+    }
     require(std::count(list->begin(), list->end(), ',') == (record.type() == 2 ? 9 : 10));
     if (is_ascii(*list)) {
         const auto again = specialpages::decode_record(*list);

@@ -29,6 +29,20 @@ void show_command(const ShowOptions& options, Streams streams);
 /// (usage or input) naming the value or line that is malformed; those before it are written.
 void decode_command(const std::vector<std::string>& values, Streams streams);
 
+/// The section that the pane reads from a constraint cache on a current system.
+inline constexpr const char* kConstraintSection = "SpecialPagesPDETiger";
+
+struct ConstraintsOptions {
+    std::string ppd;
+    bool dump = false;
+    std::optional<std::string> conflicts; ///< "option:choice"
+    std::optional<std::string> cache;     ///< the file to write
+    std::string section = kConstraintSection;
+};
+/// What the PPD's constraint index holds: its counts; all entries; the choices that forbid one choice; or the
+/// index as a cache file. HostError for a choice that the PPD does not have.
+void constraints_command(const ConstraintsOptions& options, Streams streams);
+
 /// The line protocol, until `quit` or the end of input.
 void drive_command(const PaneOptions& options, Streams streams);
 

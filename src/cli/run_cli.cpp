@@ -77,6 +77,25 @@ void add_drive(CLI::App& app, PaneOptions& options) {
     command.add_option("--lang", options.language, kLanguageHelp)->type_name("LANG");
 }
 
+void add_constraints(CLI::App& app, ConstraintsOptions& options) {
+    CLI::App& command = *app.add_subcommand("constraints", "Shows the index of a PPD's constraints");
+    command.add_option("--ppd", options.ppd, kPpdHelp)->type_name("FILE")->required();
+    CLI::Option& dump = *command.add_flag("--dump", options.dump, "Every entry, a line each");
+    CLI::Option& conflicts = *command
+                                  .add_option("--conflicts", options.conflicts,
+                                              "What forbids this choice, and whether it is marked")
+                                  ->type_name("OPTION:CHOICE");
+    CLI::Option& cache =
+        *command.add_option("--write-cache", options.cache, "Writes the index as a cache file")
+             ->type_name("FILE");
+    command.add_option("--section", options.section, "The cache file's section")
+        ->type_name("NAME")
+        ->capture_default_str()
+        ->needs(&cache);
+    dump.excludes(&conflicts)->excludes(&cache);
+    conflicts.excludes(&cache);
+}
+
 void run_parsed(const std::vector<std::string>& arguments, Streams streams, CLI::App& app) {
     app.require_subcommand(0, 1); // none: told below, after arguments that belong to none
     app.fallthrough();
@@ -92,6 +111,8 @@ void run_parsed(const std::vector<std::string>& arguments, Streams streams, CLI:
     app.add_subcommand("decode", "Turns slash-decimal texts back into text, one a line")
         ->add_option("values", values, "Texts; without any, lines are read from standard input")
         ->type_name("VALUE");
+    ConstraintsOptions constraints;
+    add_constraints(app, constraints);
     PaneOptions drive;
     add_drive(app, drive);
 
@@ -105,6 +126,8 @@ void run_parsed(const std::vector<std::string>& arguments, Streams streams, CLI:
         show_command(show, streams);
     } else if (app.got_subcommand("decode")) {
         decode_command(values, streams);
+    } else if (app.got_subcommand("constraints")) {
+        constraints_command(constraints, streams);
     } else if (app.got_subcommand("drive")) {
         drive_command(drive, streams);
     } else {

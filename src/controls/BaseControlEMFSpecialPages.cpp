@@ -10,18 +10,29 @@ namespace specialpages {
 
 namespace {
 
-/// How many Update calls are on the stack. Updates run on the dialog's thread only.
-int& updateDepth() {
-    static int depth = 0;
-    return depth;
+/// The chain of updates that runs now: controls update each other on the dialog's thread only.
+struct UpdateChain {
+    int depth = 0;
+    /// Set where the chain got too long; nothing more is updated until it is unwound. Without it a cycle that
+    /// branches would double at each level.
+    bool cutOff = false;
+};
+
+UpdateChain& updateChain() {
+    static UpdateChain chain;
+    return chain;
 }
 
-class UpdateDepth {
+class UpdateLink {
   public:
-    UpdateDepth() { ++updateDepth(); }
-    ~UpdateDepth() { --updateDepth(); }
-    UpdateDepth(const UpdateDepth&) = delete;
-    UpdateDepth& operator=(const UpdateDepth&) = delete;
+    UpdateLink() { ++updateChain().depth; }
+    ~UpdateLink() {
+        if (--updateChain().depth == 0) {
+            updateChain().cutOff = false;
+        }
+    }
+    UpdateLink(const UpdateLink&) = delete;
+    UpdateLink& operator=(const UpdateLink&) = delete;
 };
 
 } // namespace
@@ -143,13 +154,17 @@ std::int32_t BaseControlEMFSpecialPages::DoControlUpdateConstrain() {
     if (ctrlConstrainControlArray == nullptr || ctrlParentPanelPtr == nullptr) {
         return 0;
     }
-    const UpdateDepth depth;
-    if (updateDepth() > kMaxUpdateDepth) {
+    const UpdateLink link;
+    if (updateChain().depth > kMaxUpdateDepth) {
+        updateChain().cutOff = true;
         platform::NSLog("SpecialPagesPDE : controls update each other without an end; the chain is cut off");
         return 0;
     }
     const std::int64_t number = GetCurrentControlArrayNumber();
     for (const ControlTag tag : row_at(ctrlConstrainControlArray->update, number < 0 ? 0 : number)) {
+        if (updateChain().cutOff) {
+            break;
+        }
         if (BaseControlEMFSpecialPages* control = ctrlParentPanelPtr->GetPanelControl(tag)) {
             control->Update();
         }

@@ -44,8 +44,8 @@ using ValueBlock = std::optional<ControlValue>;
 using PPDChoices = std::vector<std::shared_ptr<PDEChoiceEMFSpecialPages>>;
 using SummaryText = std::map<std::string, std::string>;
 
-/// How long a chain of Update calls may get. No table of the pane comes near; a wrong one is cut off with a
-/// log line instead of hanging the host.
+/// How long a chain of Update calls may get. No table of the pane comes near; a wrong one is cut off, all of
+/// it, with a log line instead of hanging the host.
 inline constexpr int kMaxUpdateDepth = 64;
 
 class BaseControlEMFSpecialPages : public platform::NibObject {

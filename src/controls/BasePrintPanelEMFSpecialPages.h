@@ -99,51 +99,51 @@ class BasePrintPanelEMFSpecialPages : public ControlPanel,
     std::int32_t installableControlCount() const { return _installableControl_num_item; }
     std::int32_t windowCount() const { return _parentPane_num_item; }
 
-    // Walks.
+    // Walks. What reaches windows is virtual, so that a window can answer for itself.
 
-    std::int32_t Open();
-    std::int32_t Close();
-    std::int32_t GetSummaryText(std::map<std::string, std::string>* text,
-                                std::vector<std::string>* orderArray);
+    virtual std::int32_t Open();
+    virtual std::int32_t Close();
+    virtual std::int32_t GetSummaryText(std::map<std::string, std::string>* text,
+                                        std::vector<std::string>* orderArray);
     std::int32_t InitializeUserPaneControl(platform::Bundle* bundle, ppd_file_s* withPPD);
     std::int32_t InitilaizeChildWindow(platform::Bundle* bundle, ppd_file_s* withPPD);
     std::int32_t SetControlEventHandler();
     std::int32_t ConstrainPanelControlFromPPD(ppd_file_s* ppd);
     std::int32_t UpdateConflictsPanelControlFromPPD(ppd_file_s* ppd) override;
-    std::int32_t SetUIDataToIniData();
+    virtual std::int32_t SetUIDataToIniData();
     /// Each control shows its default and simulates its event before the next one gets its default.
     std::int32_t SetDefaultValueToUI();
     /// All values are in place before the first control simulates its event.
-    std::int32_t SetCurrentValueToUI();
+    virtual std::int32_t SetCurrentValueToUI();
     std::int32_t SetValueFromUIToControl();
     /// Each control reads its value from the print settings, or takes its default. True.
-    bool GetValueFromPreset();
-    std::int32_t GetValueFromPreference();
-    std::int32_t GetValueFromPreferenceWithPrinterSettings();
+    virtual bool GetValueFromPreset();
+    virtual std::int32_t GetValueFromPreference();
+    virtual std::int32_t GetValueFromPreferenceWithPrinterSettings();
     /// These two answer the first non-zero answer of a window.
-    std::int32_t SetValueToPreference();
-    std::int32_t SetValueToPreferenceWithPrinterSettings();
+    virtual std::int32_t SetValueToPreference();
+    virtual std::int32_t SetValueToPreferenceWithPrinterSettings();
     virtual std::int32_t SetValueToTicket(platform::PrintSettings* settings, bool withParam);
     /// With a null array the plain form.
-    std::int32_t SetValueToTicket(platform::PrintSettings* settings, bool withParam,
-                                  const std::vector<platform::View*>* encryptArray);
+    virtual std::int32_t SetValueToTicket(platform::PrintSettings* settings, bool withParam,
+                                          const std::vector<platform::View*>* encryptArray);
     std::int32_t ReInitializeUserPaneControl(platform::Bundle* bundle, ppd_file_s* withPPD);
-    std::int32_t ResetControlStatus();
+    virtual std::int32_t ResetControlStatus();
     std::int32_t ResetCurrentControlStatus();
-    void SetxppdPtr(std::shared_ptr<ConstraintIndex> index);
+    virtual void SetxppdPtr(std::shared_ptr<ConstraintIndex> index);
 
     /// The panel's own controls are ready and wired before any child window starts. Answers 0.
     virtual std::int32_t InitializeUserPane(platform::Bundle* bundle, ppd_file_s* withPPD);
     /// Stores all but the session, asks the printer's identifier, and hands the four to every window. False
     /// when the session has no printer, or at the first window that answers false.
-    bool SetCurrentPrintSettings(platform::PrintSettings* settings, ppd_file_s* andPPD,
-                                 platform::PDEPluginCallback* andCallbackObj,
-                                 platform::PrintSession* withPrintSession);
+    virtual bool SetCurrentPrintSettings(platform::PrintSettings* settings, ppd_file_s* andPPD,
+                                         platform::PDEPluginCallback* andCallbackObj,
+                                         platform::PrintSession* withPrintSession);
     /// Stores the session and asks the printer's identifier; false when it has none.
     bool SetCurrentPrinterString(platform::PrintSession* session);
     /// Keeps the dictionaries, shared with every window.
-    void setPreferDictionary(std::shared_ptr<const PreferenceDictionary> dictionary,
-                             std::shared_ptr<const PreferenceDictionary> anyUserDictionary);
+    virtual void setPreferDictionary(std::shared_ptr<const PreferenceDictionary> dictionary,
+                                     std::shared_ptr<const PreferenceDictionary> anyUserDictionary);
 
     /// Loads a nib of the pane's bundle with this panel as owner; nothing when one is loaded already. False
     /// when the nib is not there or malformed (logged).

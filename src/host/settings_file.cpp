@@ -27,7 +27,7 @@ using platform::SettingsValue;
 constexpr const char* kExpectedValue = "expected a text or an array of texts, found ";
 
 std::string in_quotes(std::string_view key) {
-    return "\"" + std::string(key) + "\"";
+    return '"' + std::string(key) + '"';
 }
 
 long line_at(std::string_view bytes, std::size_t position) {

@@ -9,80 +9,96 @@
 #include "plugin/SpecialPagesPDEnvbir15.h"
 #include "records/SPSummaryScrollViewCtrl.h"
 
-#include <functional>
-#include <map>
+#include <algorithm>
+#include <array>
+#include <type_traits>
 
 namespace specialpages {
 
 namespace {
 
+/// A name in the nib, and what lets something of the nib become the field of that name: false when it is of
+/// the wrong kind.
 template <typename From>
-using Connections = std::map<std::string_view, std::function<bool(From&)>>;
+struct Connection {
+    std::string_view name;
+    bool (*connect)(SpecialPagesPDEnvbir15& pane, From& from);
+};
 
-/// Lets something of the nib become the field; false when it is of the wrong kind.
-template <typename From, typename Field>
-std::function<bool(From&)> into(Field*& field) {
-    return [&field](From& from) {
-        auto* typed = dynamic_cast<Field*>(&from);
-        if (typed != nullptr) {
-            field = typed;
-        }
-        return typed != nullptr;
-    };
+template <typename From, auto Field>
+bool become(SpecialPagesPDEnvbir15& pane, From& from) {
+    auto* typed = dynamic_cast<std::remove_reference_t<decltype(pane.*Field)>>(&from);
+    if (typed != nullptr) {
+        pane.*Field = typed;
+    }
+    return typed != nullptr;
 }
 
-template <typename From>
-bool connect(const Connections<From>& connections, std::string_view outlet, From& from) {
-    const auto found = connections.find(outlet);
-    return found != connections.end() && found->second(from);
+template <auto Field>
+constexpr Connection<platform::View> outlet_of(std::string_view name) {
+    return {name, become<platform::View, Field>};
+}
+
+template <auto Field>
+constexpr Connection<platform::NibObject> object_of(std::string_view name) {
+    return {name, become<platform::NibObject, Field>};
+}
+
+template <typename From, std::size_t Count>
+bool connect(const std::array<Connection<From>, Count>& connections, SpecialPagesPDEnvbir15& pane,
+             std::string_view name, From& from) {
+    const auto* const found = std::ranges::find(connections, name, &Connection<From>::name);
+    return found != connections.end() && found->connect(pane, from);
 }
 
 } // namespace
 
 bool SpecialPagesPDEnvbir15::connectOutlet(std::string_view outlet, platform::View& view) {
-    const Connections<platform::View> views{
-        {"SpecialPagesView", into<platform::View>(SpecialPagesView)},
-        {"SPAddCoverIconView", into<platform::View>(SPAddCoverIconView)},
-        {"SPAddCoversButton", into<platform::View>(SPAddCoversButton)},
-        {"SPAddInsertIconView", into<platform::View>(SPAddInsertIconView)},
-        {"SPAddInsertsButton", into<platform::View>(SPAddInsertsButton)},
-        {"SPAddExceptionsIconView", into<platform::View>(SPAddExceptionsIconView)},
-        {"SPAddExceptionsButton", into<platform::View>(SPAddExceptionsButton)},
-        {"SPUpButton", into<platform::View>(SPUpButton)},
-        {"SPDownButton", into<platform::View>(SPDownButton)},
-        {"SPEditButton", into<platform::View>(SPEditButton)},
-        {"SPDeleteButton", into<platform::View>(SPDeleteButton)},
-        {"SPDeleteAllButton", into<platform::View>(SPDeleteAllButton)},
-        {"SPUndoButton", into<platform::View>(SPUndoButton)},
-        {"SPMainHelpButton", into<platform::View>(SPMainHelpButton)},
-        {"SPSummaryTitleStaticEdit", into<platform::View>(SPSummaryTitleStaticEdit)},
-        {"SPSummaryInfoTableView", into<platform::View>(SPSummaryInfoTableView)},
-        {"SPVerStringSTextCtrl", into<platform::View>(SPVerStringSTextCtrl)},
-        {"CoversWindowRef", into<platform::View>(CoversWindowRef)},
-        {"InsertWindowRef", into<platform::View>(InsertWindowRef)},
-        {"spAddExceptionsWindow", into<platform::View>(spAddExceptionsWindow)},
-        {"spTabStockWindow", into<platform::View>(spTabStockWindow)},
-        {"spTabStockSubWindow", into<platform::View>(spTabStockSubWindow)},
-        {"spCustomSizeWindow", into<platform::View>(spCustomSizeWindow)},
-        {"SPAdvSeleWndRef", into<platform::View>(SPAdvSeleWndRef)},
-        {"WarningWindowRef", into<platform::View>(WarningWindowRef)},
+    using Pane = SpecialPagesPDEnvbir15;
+    static constexpr std::array kViews{
+        outlet_of<&Pane::SpecialPagesView>("SpecialPagesView"),
+        outlet_of<&Pane::SPAddCoverIconView>("SPAddCoverIconView"),
+        outlet_of<&Pane::SPAddCoversButton>("SPAddCoversButton"),
+        outlet_of<&Pane::SPAddInsertIconView>("SPAddInsertIconView"),
+        outlet_of<&Pane::SPAddInsertsButton>("SPAddInsertsButton"),
+        outlet_of<&Pane::SPAddExceptionsIconView>("SPAddExceptionsIconView"),
+        outlet_of<&Pane::SPAddExceptionsButton>("SPAddExceptionsButton"),
+        outlet_of<&Pane::SPUpButton>("SPUpButton"),
+        outlet_of<&Pane::SPDownButton>("SPDownButton"),
+        outlet_of<&Pane::SPEditButton>("SPEditButton"),
+        outlet_of<&Pane::SPDeleteButton>("SPDeleteButton"),
+        outlet_of<&Pane::SPDeleteAllButton>("SPDeleteAllButton"),
+        outlet_of<&Pane::SPUndoButton>("SPUndoButton"),
+        outlet_of<&Pane::SPMainHelpButton>("SPMainHelpButton"),
+        outlet_of<&Pane::SPSummaryTitleStaticEdit>("SPSummaryTitleStaticEdit"),
+        outlet_of<&Pane::SPSummaryInfoTableView>("SPSummaryInfoTableView"),
+        outlet_of<&Pane::SPVerStringSTextCtrl>("SPVerStringSTextCtrl"),
+        outlet_of<&Pane::CoversWindowRef>("CoversWindowRef"),
+        outlet_of<&Pane::InsertWindowRef>("InsertWindowRef"),
+        outlet_of<&Pane::spAddExceptionsWindow>("spAddExceptionsWindow"),
+        outlet_of<&Pane::spTabStockWindow>("spTabStockWindow"),
+        outlet_of<&Pane::spTabStockSubWindow>("spTabStockSubWindow"),
+        outlet_of<&Pane::spCustomSizeWindow>("spCustomSizeWindow"),
+        outlet_of<&Pane::SPAdvSeleWndRef>("SPAdvSeleWndRef"),
+        outlet_of<&Pane::WarningWindowRef>("WarningWindowRef"),
     };
-    return connect(views, outlet, view);
+    return connect(kViews, *this, outlet, view);
 }
 
 bool SpecialPagesPDEnvbir15::connectObject(std::string_view outlet, platform::NibObject& object) {
-    const Connections<platform::NibObject> objects{
-        {"summaryScrollViewCtrlPtr", into<platform::NibObject>(summaryScrollViewCtrlPtr)},
-        {"spAddCoversWndPtr", into<platform::NibObject>(spAddCoversWndPtr)},
-        {"spAddInsertWndPtr", into<platform::NibObject>(spAddInsertWndPtr)},
-        {"spAddExceptionsWndPtr", into<platform::NibObject>(spAddExceptionsWndPtr)},
-        {"spTabStockWndPtr", into<platform::NibObject>(spTabStockWndPtr)},
-        {"spTabStockSubWndPtr", into<platform::NibObject>(spTabStockSubWndPtr)},
-        {"spCustomSizeWndPtr", into<platform::NibObject>(spCustomSizeWndPtr)},
-        {"SPAdvSeleWndPtr", into<platform::NibObject>(SPAdvSeleWndPtr)},
-        {"spWarningWndPtr", into<platform::NibObject>(spWarningWndPtr)},
+    using Pane = SpecialPagesPDEnvbir15;
+    static constexpr std::array kObjects{
+        object_of<&Pane::summaryScrollViewCtrlPtr>("summaryScrollViewCtrlPtr"),
+        object_of<&Pane::spAddCoversWndPtr>("spAddCoversWndPtr"),
+        object_of<&Pane::spAddInsertWndPtr>("spAddInsertWndPtr"),
+        object_of<&Pane::spAddExceptionsWndPtr>("spAddExceptionsWndPtr"),
+        object_of<&Pane::spTabStockWndPtr>("spTabStockWndPtr"),
+        object_of<&Pane::spTabStockSubWndPtr>("spTabStockSubWndPtr"),
+        object_of<&Pane::spCustomSizeWndPtr>("spCustomSizeWndPtr"),
+        object_of<&Pane::SPAdvSeleWndPtr>("SPAdvSeleWndPtr"),
+        object_of<&Pane::spWarningWndPtr>("spWarningWndPtr"),
     };
-    return connect(objects, outlet, object);
+    return connect(kObjects, *this, outlet, object);
 }
 
 std::unique_ptr<platform::NibObject> SpecialPagesPDEnvbir15::instantiate(std::string_view className) {

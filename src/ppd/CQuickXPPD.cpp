@@ -83,19 +83,6 @@ void append_field(std::string& text, std::uint16_t number) {
     append_field(text, std::string_view(digits.data(), end));
 }
 
-std::string data_line(const ConstraintIndex& index) {
-    std::string line;
-    for (const auto& [key, place] : index) {
-        if (key.find_first_of("@\n") == std::string_view::npos) {
-            append_field(line, key);
-            append_field(line, place.groupIndex);
-            append_field(line, place.optionIndex);
-            append_field(line, place.choiceIndex);
-        }
-    }
-    return line;
-}
-
 } // namespace
 
 CQuickXPPD::CQuickXPPD(ConstraintIndex* index, std::string_view sectionName)
@@ -170,7 +157,7 @@ std::ostream& operator<<(std::ostream& stream, CQuickXPPD& object) {
         object.SetXppd(object.ppd, &index);
         stream << (section.sectionName != nullptr ? *section.sectionName : std::string()) << kLineEnd
                << std::flush;
-        stream << data_line(index);
+        stream << cache_data_line(index);
         object.keywordFilter.clear();
         index.clear();
         stream << kLineEnd << std::flush;
@@ -193,6 +180,19 @@ std::istream& operator>>(std::istream& stream, CQuickXPPD& object) {
         }
     }
     return stream;
+}
+
+std::string cache_data_line(const ConstraintIndex& index) {
+    std::string line;
+    for (const auto& [key, place] : index) {
+        if (!key.empty() && key.find_first_of("@\n") == std::string_view::npos) {
+            append_field(line, key);
+            append_field(line, place.groupIndex);
+            append_field(line, place.optionIndex);
+            append_field(line, place.choiceIndex);
+        }
+    }
+    return line;
 }
 
 std::int32_t GetXPPD(ppd_file_t* ppd, ConstraintIndex* index, std::string_view sectionBase,

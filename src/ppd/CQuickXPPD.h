@@ -78,8 +78,7 @@ class CQuickXPPD {
     /// whole file. Nothing is written for a PPD that does not open or holds no stamp. Answers 0.
     std::int32_t SetFileStamp(std::ostream& stream) const;
 
-    /// Writes all sections and the stamp. An entry whose key holds "@" or a line end is left out: the file
-    /// has no escape for it, and every entry behind it would be read wrong.
+    /// Writes all sections, each as its name and its cache_data_line, and the stamp.
     friend std::ostream& operator<<(std::ostream& stream, CQuickXPPD& object);
 
     /// Adds the entries of the first section of the reader's name to the index and stops behind it; nothing
@@ -96,6 +95,10 @@ class CQuickXPPD {
     std::vector<std::string> keywordFilter; ///< of the section that is being written
     std::vector<x_PDEConstr> sections;      ///< to write, without the end record
 };
+
+/// The data line of a section, without its line end. An entry whose key holds "@" or a line end, or is empty,
+/// is left out: the file has no escape for it, and the entries behind it would be read wrong.
+std::string cache_data_line(const ConstraintIndex& index);
 
 /// Fills the index from the file that an attribute of the PPD names. The attribute is looked for by the
 /// beginning of its name; its value is the path as it stands, a relative one counting from the process's

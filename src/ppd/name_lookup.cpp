@@ -27,22 +27,27 @@ bool equal_ignoring_case(std::string_view left, std::string_view right) {
                       [](char a, char b) { return lower(a) == lower(b); });
 }
 
-Name::Name(std::string_view text) {
-    text.copy(bytes_.data(), kMaxBytes);
+Name::Name(const Bytes& bytes) {
+    std::memcpy(words_.data(), bytes.data(), sizeof words_);
+}
+
+Name Name::exact(std::string_view text) {
+    Bytes bytes{};
+    text.copy(bytes.data(), kMaxBytes);
+    return Name(bytes);
 }
 
 Name Name::folded(std::string_view text) {
-    Name name(text);
-    std::transform(name.bytes_.begin(), name.bytes_.end(), name.bytes_.begin(), lower);
-    return name;
+    Bytes bytes{};
+    text.copy(bytes.data(), kMaxBytes);
+    std::transform(bytes.begin(), bytes.end(), bytes.begin(), lower);
+    return Name(bytes);
 }
 
 std::uint64_t Name::hash() const {
     constexpr std::uint64_t kMultiplier = 0x9E3779B97F4A7C15;
     std::uint64_t mixed = 0;
-    for (std::size_t at = 0; at < bytes_.size(); at += kWordBytes) {
-        std::uint64_t word = 0;
-        std::memcpy(&word, bytes_.data() + at, kWordBytes);
+    for (const std::uint64_t word : words_) {
         if (word == 0) {
             break;
         }

@@ -31,18 +31,26 @@ class Name {
     /// One more than a PPD's field can hold without a terminator, so that a cut text stays apart.
     static constexpr std::size_t kMaxBytes = PPD_MAX_NAME + 1;
 
-    static Name exact(std::string_view text) { return Name(text); }
+    Name() = default; ///< the empty name
+    static Name exact(std::string_view text);
     /// With A-Z turned into a-z: equal for texts that strcasecmp holds equal in the C locale.
     static Name folded(std::string_view text);
 
     std::uint64_t hash() const;
-    friend bool operator==(const Name&, const Name&) = default;
+    friend bool operator==(const Name& left, const Name& right) {
+        std::uint64_t difference = 0;
+        for (std::size_t i = 0; i < left.words_.size(); ++i) {
+            difference |= left.words_[i] ^ right.words_[i];
+        }
+        return difference == 0;
+    }
 
   private:
-    explicit Name(std::string_view text);
+    using Bytes = std::array<char, 48>;
+    static_assert(kMaxBytes <= sizeof(Bytes));
+    explicit Name(const Bytes& bytes);
 
-    static constexpr std::size_t kWordBytes = sizeof(std::uint64_t);
-    std::array<char, (kMaxBytes + kWordBytes - 1) / kWordBytes * kWordBytes> bytes_{};
+    std::array<std::uint64_t, sizeof(Bytes) / sizeof(std::uint64_t)> words_{};
 };
 
 /// Maps names to the numbers they were first added with.
@@ -58,7 +66,7 @@ class NameTable {
   private:
     /// A cache line, text included: most lookups touch no other.
     struct alignas(64) Slot {
-        Name name = Name::exact({});
+        Name name;
         std::uint32_t number = 0;
         bool used = false;
     };

@@ -5,6 +5,7 @@
 #include "ppd/ppd_builder.h"
 #include "support/identifiers.h"
 #include "support/plugin_bundle.h"
+#include "support/temporary_bundle.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -91,7 +91,7 @@ TEST_F(PaneLifecycle, RestoringRegistersTheHelpBook) {
 }
 
 TEST_F(PaneLifecycle, AHelpBookThatCannotBeRegisteredFailsTheRestoreOfAPaneThatIsBuiltAllTheSame) {
-    write_file(platform::help_preferences_file(), "this is no property list");
+    platform::testing::write_test_file(platform::help_preferences_file(), "this is no property list");
     auto pane = makePane();
     setRecords({kFrontCover});
     EXPECT_FALSE(pane->restoreValuesAndReturnError(nullptr));

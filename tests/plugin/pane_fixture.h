@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/foundation/Bundle.h"
+#include "platform/foundation/TemporaryDirectory.h"
 #include "platform/print/PDEPluginCallback.h"
 #include "platform/print/PageFormat.h"
 #include "platform/print/PrintSession.h"
@@ -11,7 +12,6 @@
 #include "plugin/SpecialPagesPDEPluginnvbir15.h"
 #include "plugin/SpecialPagesPDEnvbir15.h"
 #include "records/SPSummaryScrollViewCtrl.h"
-#include "support/temporary_bundle.h"
 #include "testing/OpenPpd.h"
 
 #include <gtest/gtest.h>
@@ -23,6 +23,9 @@
 #include <vector>
 
 namespace specialpages::test {
+
+using platform::testing::ScopedEnvironment;
+using platform::testing::TemporaryDirectory;
 
 inline const std::string kKey = "com.norvalen.nb.rtz.printsettings.";
 
@@ -108,7 +111,7 @@ class PaneTest : public ::testing::Test {
     }
 
     TemporaryDirectory config;
-    EnvironmentVariable xdg;
+    ScopedEnvironment xdg;
     OpenPpd ppd;
     LendingHost host;
 };

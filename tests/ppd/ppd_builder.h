@@ -202,6 +202,7 @@ class PpdBuilder {
     }
     void build_options(Group& group) {
         auto& records = optionRecords_.emplace_back();
+        records.reserve(group.options.size());
         for (Option& option : group.options) {
             point_to(option.record.num_choices, option.record.choices, option.choices);
             records.push_back(option.record);
@@ -217,6 +218,7 @@ class PpdBuilder {
         build_options(group);
         if (!group.subgroups.empty()) {
             std::vector<ppd_group_t> built;
+            built.reserve(group.subgroups.size());
             for (Group& inner : group.subgroups) {
                 built.push_back(build_group(inner));
             }
@@ -227,12 +229,14 @@ class PpdBuilder {
     }
     void build() {
         std::vector<ppd_group_t> built;
+        built.reserve(groups_.size());
         for (Group& each : groups_) {
             built.push_back(build_group(each));
         }
         auto& records = groupRecords_.emplace_back(std::move(built));
         point_to(file_.num_groups, file_.groups, records);
         point_to(file_.num_consts, file_.consts, constraints_);
+        attributePointers_.reserve(attributes_.size());
         for (ppd_attr_t& each : attributes_) {
             attributePointers_.push_back(&each);
         }

@@ -27,7 +27,7 @@ inline std::ostream& operator<<(std::ostream& out, const SpecialPageRecord& reco
 
 namespace test {
 
-inline SpecialPageRecord with_default_paper(SpecialPageRecord record) {
+inline SpecialPageRecord with_default_paper(const SpecialPageRecord& record) {
     return record.with(RecordKey::pagesize, "0")
         .with(RecordKey::pagecolor, "0")
         .with(RecordKey::pagetype, "0")

@@ -73,7 +73,7 @@ Delivery any_delivery() {
 
 /// Where a record of a legal list stands: part of the list, page, and the exception before the insert.
 std::vector<int> position(const SpecialPageRecord& record) {
-    const auto page = record.text(RecordKey::page);
+    const auto& page = record.text(RecordKey::page);
     switch (static_cast<RecordType>(record.type())) {
     case RecordType::cover:
         return {page == "0" ? 0 : 3};

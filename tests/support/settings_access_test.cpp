@@ -284,7 +284,7 @@ TEST(SettingsAccess, APPDReferenceOfTooFewBytesIsNull) {
 // The system version.
 
 class SystemVersion : public testing::Test {
-  protected:
+  public:
     SystemVersion() {
         ResetGestalt_ALT();
         before_ = platform::setLogSink([this](std::string_view line) { log_.emplace_back(line); });
@@ -294,7 +294,11 @@ class SystemVersion : public testing::Test {
         platform::set_kernel_release_source(nullptr);
         ResetGestalt_ALT();
     }
-    static std::int32_t version_on(std::optional<std::string> release) {
+    SystemVersion(const SystemVersion&) = delete;
+    SystemVersion& operator=(const SystemVersion&) = delete;
+
+  protected:
+    static std::int32_t version_on(const std::optional<std::string>& release) {
         platform::set_kernel_release_source([release] { return release; });
         ResetGestalt_ALT();
         return answer(kGestaltSystemVersion);

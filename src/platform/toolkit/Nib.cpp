@@ -9,6 +9,7 @@
 #include "platform/toolkit/Window.h"
 
 #include <algorithm>
+#include <array>
 #include <fstream>
 
 namespace specialpages::platform {
@@ -198,13 +199,16 @@ std::unique_ptr<Nib> Nib::loadNibFile(const std::filesystem::path& file, NibOwne
         return nullptr;
     };
     std::ifstream stream(file, std::ios::binary);
-    // One byte more than allowed, so that a larger file is seen without being read whole.
-    std::string xml(kMaxNibBytes + 1, '\0');
-    stream.read(xml.data(), std::ssize(xml));
+    std::string xml;
+    std::array<char, 16384> block{};
+    // A file that is too large is seen without being read whole.
+    while (stream && xml.size() <= kMaxNibBytes) {
+        stream.read(block.data(), std::ssize(block));
+        xml.append(block.data(), static_cast<std::size_t>(stream.gcount()));
+    }
     if (!stream.eof() && !stream.good()) {
         return fail("cannot be read");
     }
-    xml.resize(static_cast<std::size_t>(stream.gcount()));
     std::string why;
     const auto root = parse_nib(xml, &why);
     auto nib = root ? instantiate(*root, owner, &why) : nullptr;
