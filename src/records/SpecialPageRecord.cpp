@@ -35,6 +35,12 @@ SpecialPageRecord::SpecialPageRecord(std::initializer_list<std::pair<RecordKey, 
     }
 }
 
+SpecialPageRecord::SpecialPageRecord(std::span<const RecordKey> keys, std::vector<std::string> texts) {
+    for (std::size_t i = 0; i < keys.size(); ++i) {
+        texts_.at(place(keys[i])) = std::move(texts.at(i));
+    }
+}
+
 const std::string* SpecialPageRecord::find(RecordKey key) const {
     const auto& entry = texts_.at(place(key));
     return entry ? &*entry : nullptr;

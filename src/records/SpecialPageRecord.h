@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <initializer_list>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -43,6 +44,8 @@ class SpecialPageRecord {
   public:
     SpecialPageRecord() = default;
     SpecialPageRecord(std::initializer_list<std::pair<RecordKey, std::string>> entries);
+    /// Each key with the text at its position. There are as many texts at least; surplus ones are dropped.
+    SpecialPageRecord(std::span<const RecordKey> keys, std::vector<std::string> texts);
 
     /// Null when the record has no such key.
     const std::string* find(RecordKey key) const;

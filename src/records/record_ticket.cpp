@@ -62,11 +62,7 @@ RecordReading decode_record(std::string_view text) {
     if (pieces.size() < fields.size()) {
         return {RecordReading::Outcome::too_few_fields, {}};
     }
-    SpecialPageRecord record;
-    for (std::size_t i = 0; i < fields.size(); ++i) {
-        record = record.with(fields[i], std::move(pieces[i]));
-    }
-    return {RecordReading::Outcome::record, std::move(record)};
+    return {RecordReading::Outcome::record, SpecialPageRecord(fields, std::move(pieces))};
 }
 
 std::string record_ticket_key(std::string_view key, std::int32_t index) {

@@ -9,12 +9,13 @@
 #include "ppd/ppd_access.h"
 #include "ppd/ppd_keywords.h"
 #include "records/SPSummaryScrollViewCtrl.h"
-#include "records/record_order.h"
 #include "records/ticket_keys.h"
 #include "support/settings_access.h"
 #include "support/slash_decimal.h"
 #include "ticket/npif_vocabulary.h"
 
+#include <algorithm>
+#include <ranges>
 #include <utility>
 
 namespace specialpages {
@@ -153,17 +154,19 @@ void NPIFOutput::insertCommands(const Kind& kind, platform::PrintSettings* setti
     if (settings == nullptr || ppd == nullptr || list == nullptr) {
         return;
     }
-    const RecordList records = records_of_type(list->records(), static_cast<std::int32_t>(kind.type));
-    if (records.empty()) {
+    const auto of_kind = [&kind](const SpecialPageRecord& record) {
+        return record.is(kind.type);
+    };
+    const std::int64_t count = std::ranges::count_if(list->records(), of_kind);
+    if (count == 0) {
         SetCStringToTicket(settings, "", kind.countKey, withParam);
         return;
     }
-    SetCStringToTicket(settings, platform::decimal_text(static_cast<std::int64_t>(records.size())),
-                       kind.countKey, withParam);
+    SetCStringToTicket(settings, platform::decimal_text(count), kind.countKey, withParam);
     const std::string colorKey = FixPPDKeywordAccordingToType(ppd, kPPDMediaColorKey);
     const JobPaper job{PageSizeOptionCount, JobPageWidth, JobPageLength};
     std::int64_t index = 0;
-    for (const SpecialPageRecord& record : records) {
+    for (const SpecialPageRecord& record : list->records() | std::views::filter(of_kind)) {
         PaperKeywords paper;
         if (!record.is_true(RecordKey::interposer)) {
             GetValueFromPPDByIndex(ppd, colorKey.c_str(), paper.color, record.integer(RecordKey::pagecolor));

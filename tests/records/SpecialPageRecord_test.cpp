@@ -54,6 +54,12 @@ TEST(SpecialPageRecord, LastOfTwoEntriesForOneKeyHolds) {
     EXPECT_EQ(record.text(RecordKey::page), "2");
 }
 
+TEST(SpecialPageRecord, TakesEachKeysTextFromItsPositionAndDropsSurplusTexts) {
+    const std::vector keys{RecordKey::page, RecordKey::type};
+    EXPECT_EQ(SpecialPageRecord(keys, {"5-7", "2", "surplus"}),
+              (SpecialPageRecord{{RecordKey::type, "2"}, {RecordKey::page, "5-7"}}));
+}
+
 TEST(SpecialPageRecord, ReadsIntegersFromTheHeadOfTheText) {
     const auto integer = [](const char* text) {
         return SpecialPageRecord{{RecordKey::page, text}}.integer(RecordKey::page);

@@ -142,10 +142,14 @@ std::string Bundle::localizedStringForKey(std::string_view key, std::string_view
 }
 
 const Bundle::Table& Bundle::table(const std::string& language, const std::string& name) const {
+    // No language has a slash in its name, so that no two tables share this one.
+    const auto [place, isNew] = tables_.try_emplace(language + '/' + name);
+    if (!isNew) {
+        return place->second;
+    }
     const fs::path relative = fs::path(name + ".strings").lexically_normal();
     const fs::path file = directory_ / (language + kLanguageFolderEnding) / relative;
-    const auto [place, isNew] = tables_.try_emplace(file.native());
-    if (!isNew || !stays_inside(relative) || !is_file(file)) {
+    if (!stays_inside(relative) || !is_file(file)) {
         return place->second;
     }
     std::string reason;

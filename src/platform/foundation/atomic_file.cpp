@@ -2,6 +2,7 @@
 
 #include "platform/foundation/numbers.h"
 
+#include <array>
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
@@ -104,10 +105,10 @@ void flush_folder(const fs::path& folder) {
 
 std::optional<std::string> read_whole(int descriptor, std::size_t max_bytes, std::string& reason) {
     constexpr std::size_t kBlock = std::size_t{64} * 1024;
+    std::array<char, kBlock> block; // what is used of it, read() fills
     std::string bytes;
-    for (std::size_t filled = 0;;) {
-        bytes.resize(filled + kBlock);
-        const ssize_t got = ::read(descriptor, bytes.data() + filled, kBlock);
+    for (;;) {
+        const ssize_t got = ::read(descriptor, block.data(), block.size());
         if (got < 0 && errno == EINTR) {
             continue;
         }
@@ -115,13 +116,12 @@ std::optional<std::string> read_whole(int descriptor, std::size_t max_bytes, std
             reason = strerrordesc_np(errno);
             return std::nullopt;
         }
-        filled += static_cast<std::size_t>(got);
-        if (filled > max_bytes) {
+        bytes.append(block.data(), static_cast<std::size_t>(got));
+        if (bytes.size() > max_bytes) {
             reason = "larger than " + decimal_text(static_cast<std::int64_t>(max_bytes)) + " bytes";
             return std::nullopt;
         }
         if (got == 0) {
-            bytes.resize(filled);
             return bytes;
         }
     }
