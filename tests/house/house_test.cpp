@@ -41,8 +41,7 @@ const std::map<std::string, std::vector<std::string>>& includes() {
     static const std::map<std::string, std::vector<std::string>> all = [] {
         const fs::path src = fs::path(SPECIALPAGES_SOURCE_DIR) / "src";
         const std::regex line(R"re(^\s*#\s*include\s+"([^"]+)")re");
-        std::map<std::string, std::vector<std::string>>
-                found;
+        std::map<std::string, std::vector<std::string>> found;
         for (const auto& entry : fs::recursive_directory_iterator(src)) {
             const std::string extension = entry.path().extension().string();
             if (extension != ".h" && extension != ".cpp") {
