@@ -7,6 +7,7 @@
 #include "ppd/constraint_index.h"
 #include "ppd/ppd_access.h"
 
+#include <algorithm>
 #include <array>
 #include <ostream>
 #include <sstream>
@@ -48,8 +49,10 @@ void require_choice(ppd_file_t* ppd, const std::string& key) {
         throw HostError(ErrorCode::usage, "--conflicts " + key, "expected OPTION:CHOICE");
     }
     const std::string option = key.substr(0, colon);
+    const std::vector<std::string> options = option_keywords(ppd);
     const std::int32_t count = GetPPDKeyOptionCount(ppd, option.c_str());
-    if (count == 0 || GetChoiceIndex(ppd, option.c_str(), key.substr(colon + 1).c_str()) == count) {
+    if (std::find(options.begin(), options.end(), option) == options.end() ||
+        GetChoiceIndex(ppd, option.c_str(), key.substr(colon + 1).c_str()) == count) {
         throw HostError(ErrorCode::usage, "--conflicts " + key,
                         "expected an option and a choice of the PPD, in its own upper and lower case");
     }

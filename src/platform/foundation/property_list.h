@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/export.h"
+#include "platform/foundation/property_list_limits.h"
 
 #include <cstdint>
 #include <optional>
@@ -31,10 +32,6 @@ struct SPECIALPAGES_PLATFORM_API PropertyList {
     /// The text; null when this is no text.
     const std::string* text() const { return std::get_if<std::string>(&value); }
 };
-
-/// What a text must keep to be read: larger or deeper ones are refused before any parser sees them.
-inline constexpr std::size_t kMaxPropertyListBytes = std::size_t{16} * 1024 * 1024;
-inline constexpr int kMaxPropertyListDepth = 64;
 
 /// Reads an XML property list. On failure the optional is empty and `error`, when given, says what was wrong
 /// (with the line where it is known). Ill-formed UTF-8, a byte-order mark, a key that stands twice in its

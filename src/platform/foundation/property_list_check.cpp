@@ -1,7 +1,7 @@
 #include "platform/foundation/property_list_check.h"
 
 #include "platform/foundation/numbers.h"
-#include "platform/foundation/property_list.h"
+#include "platform/foundation/property_list_limits.h"
 #include "platform/foundation/utf8_repair.h"
 
 #include <algorithm>

@@ -1,7 +1,5 @@
 #include "platform/toolkit/TextField.h"
 
-#include "platform/toolkit/Window.h"
-
 #include <unicode/brkiter.h>
 #include <unicode/locid.h>
 #include <unicode/unistr.h>
@@ -111,23 +109,6 @@ void TextField::setTextColor(TextColor color) {
     }
 }
 
-bool TextField::beginEditing() {
-    if (!editable() || !acceptsEvents()) {
-        return false;
-    }
-    if (editing_) {
-        return true;
-    }
-    // The action of the field that is left may do anything to this one.
-    if (Window* mine = window(); mine != nullptr && (!mine->makeFirstResponder(this) || !acceptsEvents())) {
-        return false;
-    }
-    editing_ = true;
-    valueAtStart_ = value_;
-    announce(ViewChange::focus);
-    return true;
-}
-
 bool TextField::editText(const std::string& text) {
     if (!beginEditing()) {
         return false;
@@ -143,22 +124,6 @@ bool TextField::editText(const std::string& text) {
         show(std::move(kept));
     }
     return false;
-}
-
-void TextField::endEditing() {
-    if (!editing_) {
-        return;
-    }
-    editing_ = false;
-    commit();
-    const bool changed = value_ != valueAtStart_;
-    if (Window* mine = window(); mine != nullptr && mine->firstResponder() == this) {
-        mine->makeFirstResponder(nullptr);
-    }
-    announce(ViewChange::focus);
-    if (changed) {
-        sendAction();
-    }
 }
 
 bool TextField::type(std::string_view text) {

@@ -1,23 +1,8 @@
 #include "platform/toolkit/View.h"
 
-#include "platform/toolkit/Application.h"
-#include "platform/toolkit/Window.h"
-
 #include <algorithm>
-#include <cassert>
 
 namespace specialpages::platform {
-
-namespace {
-
-bool stands_in(const View* view, const View& tree) {
-    while (view != nullptr && view != &tree) {
-        view = view->superview();
-    }
-    return view != nullptr;
-}
-
-} // namespace
 
 View::~View() {
     for (const auto& subview : subviews_) {
@@ -69,33 +54,6 @@ void View::sendAction() {
     }
 }
 
-View& View::addSubview(std::shared_ptr<View> subview) {
-    assert(subview != nullptr);
-    View& added = *subview;
-    if (added.superview_ == this || stands_in(this, added)) {
-        return added;
-    }
-    if (added.superview_ != nullptr) {
-        Window* left = added.window();
-        if (left != nullptr && left != &added && stands_in(left->firstResponder(), added)) {
-            left->makeFirstResponder(nullptr);
-        }
-        std::erase(added.superview_->subviews_, subview);
-    }
-    added.superview_ = this;
-    subviews_.push_back(std::move(subview));
-    return added;
-}
-
-Window* View::window() {
-    for (View* view = this; view != nullptr; view = view->superview_) {
-        if (auto* window = dynamic_cast<Window*>(view)) {
-            return window;
-        }
-    }
-    return nullptr;
-}
-
 View* View::viewWithTag(std::int32_t tag) {
     if (tag_ == tag) {
         return this;
@@ -120,11 +78,6 @@ int View::addObserver(Observer observer) {
 
 void View::removeObserver(int number) {
     std::erase_if(observers_, [&](const auto& entry) { return entry.first == number; });
-}
-
-bool View::acceptsEvents() {
-    Window* mine = window();
-    return enabled_ && isVisible() && (mine == nullptr || mine == Application::shared().frontWindow());
 }
 
 void View::announce(ViewChange change) {

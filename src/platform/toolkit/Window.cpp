@@ -1,16 +1,10 @@
 #include "platform/toolkit/Window.h"
 
-#include "platform/toolkit/Application.h"
 #include "platform/toolkit/Button.h"
-#include "platform/toolkit/TextField.h"
 
 #include <utility>
 
 namespace specialpages::platform {
-
-Window::~Window() {
-    Application::shared().forget(*this);
-}
 
 void Window::setTitle(std::string title) {
     if (title_ != title) {
@@ -31,21 +25,6 @@ void Window::close() {
         open_ = false;
         announce(ViewChange::open);
     }
-}
-
-bool Window::makeFirstResponder(View* view) {
-    if (view == firstResponder_) {
-        return true;
-    }
-    if (view != nullptr && (view->window() != this || !view->isEnabled() || !view->isVisible())) {
-        return false;
-    }
-    auto* left = dynamic_cast<TextField*>(std::exchange(firstResponder_, view));
-    announce(ViewChange::focus);
-    if (left != nullptr) {
-        left->endEditing();
-    }
-    return firstResponder_ == view;
 }
 
 bool Window::performCancel() {
