@@ -225,7 +225,7 @@ TEST_F(PaneLifecycle, EveryRestoreMakesANewConstraintIndexAndHandsItToTheWindows
 }
 
 TEST_F(PaneLifecycle, TwoPanesForTwoPrintersKeepTheirOwnKeywords) {
-    const OpenPpd desk(example("ppd/desk.ppd"));
+    const OpenPpd desk = open_ppd(example("ppd/desk.ppd"));
     LendingHost deskHost(desk.get());
     auto production = makePane();
     auto panels = SpecialPagesPDEPluginnvbir15().PDEPanelsForType(platform::kDialogPanelType, &deskHost);
@@ -545,7 +545,7 @@ TEST_F(PaneTickets, KeysOfOthersStayAsTheyAre) {
 TEST_F(PaneTickets, JobSettingsComeFromMarkedChoicesAndThePage) {
     auto pane = makePane();
     pane->restoreValuesAndReturnError(nullptr);
-    ppd.mark("MediaType", "ThickPaper");
+    mark_option(ppd.get(), "MediaType", "ThickPaper");
     pane->getCurrentSystemPrintingSetting();
     host.page.unadjustedPaperRect = {0, 0, 2.53, 2.55};
     setRecords({"1,3,0,1,999,0,0,false,210.0,297.0,1"});

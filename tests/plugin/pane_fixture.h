@@ -10,9 +10,9 @@
 #include "platform/toolkit/Window.h"
 #include "plugin/SpecialPagesPDEPluginnvbir15.h"
 #include "plugin/SpecialPagesPDEnvbir15.h"
+#include "ppd/open_ppd.h"
 #include "records/SPSummaryScrollViewCtrl.h"
 #include "support/temporary_bundle.h"
-#include "testing/OpenPpd.h"
 
 #include <gtest/gtest.h>
 
@@ -66,7 +66,8 @@ class LendingHost : public platform::PDEPluginCallback {
 class PaneTest : public ::testing::Test {
   protected:
     explicit PaneTest(const std::string& ppdName = "ppd/production.ppd")
-        : xdg("XDG_CONFIG_HOME", config.path().string()), ppd(example(ppdName)), host(ppd.get()) {
+        : xdg("XDG_CONFIG_HOME", config.path().string()), ppd(open_ppd(example(ppdName))), host(ppd.get()) {
+        mark_defaults(ppd.get());
         built_bundle();
     }
 
