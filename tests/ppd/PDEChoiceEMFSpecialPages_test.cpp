@@ -10,7 +10,8 @@ TEST(PDEChoice, DecodesItsTitlesAsAscii) {
     PpdBuilder ppd;
     ppd.option("MediaType")
         .choice("Plain", "Plain paper")
-        .choice("Kraft", "Papier kr\xC3\xA4" "ftig")
+        .choice("Kraft", "Papier kr\xC3\xA4"
+                         "ftig")
         .choice("None", "");
     const ppd_option_t& option = ppd.file()->groups[0].options[0];
     const auto choices = ArrayFromPPDOption(&option);
