@@ -67,16 +67,15 @@ void write_conflicts(ppd_file_t* ppd, const ConstraintIndex& index, const std::s
     }
 }
 
-void write_cache(ppd_file_t* ppd, const ConstraintsOptions& options) {
+void write_cache(ppd_file_t* ppd, const ConstraintsOptions& options, const std::string& cache) {
     ConstraintIndex scratch;
     const std::vector<std::string> keywords = option_keywords(ppd);
     const std::array<x_PDEConstr, 2> sections{{{&options.section, &keywords}, {}}};
     CQuickXPPD writer(ppd, &scratch, sections.data(), options.ppd);
     std::ostringstream bytes;
     bytes << writer;
-    if (const std::string error = platform::write_file_atomically(*options.cache, bytes.str());
-        !error.empty()) {
-        throw HostError(ErrorCode::other, *options.cache, error);
+    if (const std::string error = platform::write_file_atomically(cache, bytes.str()); !error.empty()) {
+        throw HostError(ErrorCode::other, cache, error);
     }
 }
 
@@ -85,7 +84,7 @@ void write_cache(ppd_file_t* ppd, const ConstraintsOptions& options) {
 void constraints_command(const ConstraintsOptions& options, Streams streams) {
     const host::PpdFile file(options.ppd);
     if (options.cache) {
-        write_cache(file.get(), options);
+        write_cache(file.get(), options, *options.cache);
         return;
     }
     const ConstraintIndex index = compiled(file.get());

@@ -200,6 +200,13 @@ class BaseControlEMFSpecialPages : public platform::NibObject {
     std::string userNameinPreference;
     PPDChoices m_paPPDChoices;
     ppd_option_s* m_ptPPDOptions = nullptr;
+
+  private:
+    /// The data block as text for a preference. An answer ends the write: nothing to write (true), or a
+    /// failure.
+    std::optional<bool> textForPreference(std::string& text);
+    /// The preference key, which must exist, behind the printer's identifier.
+    bool makePrinterPreferenceKey(std::string& key) const;
 };
 
 } // namespace specialpages

@@ -137,7 +137,8 @@ std::int64_t PopupControlEMFSpecialPages::GetCurrentControlArrayNumber() {
 }
 
 std::int32_t PopupControlEMFSpecialPages::DoControlUpdateConstrain() {
-    if (ctrlConstrainControlArray == nullptr || !lastItem() || shownItem() == *lastItem()) {
+    const auto last = lastItem();
+    if (ctrlConstrainControlArray == nullptr || !last || shownItem() == *last) {
         return 0;
     }
     return DoBaseControlUpdateConstrain();

@@ -12,6 +12,7 @@
 #include "support/units.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace specialpages {
 
@@ -107,7 +108,7 @@ bool BaseControlEMFSpecialPages::SetValueToTicketWithNSPEnc(platform::PrintSetti
                                                   withParam) == platform::noErr;
 }
 
-bool BaseControlEMFSpecialPages::SetValueToPreference() {
+std::optional<bool> BaseControlEMFSpecialPages::textForPreference(std::string& text) {
     if (ctrlDataAccessInfoPtr == nullptr || !hasKey(ctrlDataAccessInfoPtr->preferenceKey)) {
         return true;
     }
@@ -118,14 +119,22 @@ bool BaseControlEMFSpecialPages::SetValueToPreference() {
     if (userNameinPreference != platform::kCFPreferencesCurrentUser && !(isUserAdmin && isUserAdmin())) {
         return true;
     }
+    return ConvertToPreferenceString(text) ? std::nullopt : std::optional(false);
+}
+
+bool BaseControlEMFSpecialPages::makePrinterPreferenceKey(std::string& key) const {
+    return ctrlParentPanelPtr != nullptr &&
+           CreateKeyWithCurrentPrinter(ctrlDataAccessInfoPtr->preferenceKey,
+                                       ctrlParentPanelPtr->GetCurrentPrinterString(), &key);
+}
+
+bool BaseControlEMFSpecialPages::SetValueToPreference() {
     std::string text;
-    if (!ConvertToPreferenceString(text)) {
-        return false;
+    if (const auto answer = textForPreference(text)) {
+        return *answer;
     }
     std::string key;
-    if (ctrlParentPanelPtr == nullptr ||
-        !CreateKeyWithCurrentPrinter(ctrlDataAccessInfoPtr->preferenceKey,
-                                     ctrlParentPanelPtr->GetCurrentPrinterString(), &key)) {
+    if (!makePrinterPreferenceKey(key)) {
         return false;
     }
     if (system_version() >= kVersionWithoutPreferences) {
@@ -141,16 +150,8 @@ bool BaseControlEMFSpecialPages::GetValueFromPreference() {
     if (ctrlDataAccessInfoPtr == nullptr || !hasKey(ctrlDataAccessInfoPtr->preferenceKey)) {
         return true;
     }
-    if (!ctrlDataBlkPtr) {
-        return false;
-    }
     std::string key;
-    if (ctrlParentPanelPtr == nullptr ||
-        !CreateKeyWithCurrentPrinter(ctrlDataAccessInfoPtr->preferenceKey,
-                                     ctrlParentPanelPtr->GetCurrentPrinterString(), &key)) {
-        return false;
-    }
-    if (system_version() >= kVersionWithoutPreferences) {
+    if (!ctrlDataBlkPtr || !makePrinterPreferenceKey(key) || system_version() >= kVersionWithoutPreferences) {
         return false;
     }
     const auto text =
@@ -160,19 +161,9 @@ bool BaseControlEMFSpecialPages::GetValueFromPreference() {
 }
 
 bool BaseControlEMFSpecialPages::SetValueToPreferenceWithPrinterSettings() {
-    if (ctrlDataAccessInfoPtr == nullptr || !hasKey(ctrlDataAccessInfoPtr->preferenceKey)) {
-        return true;
-    }
-    if (!ctrlDataBlkPtr) {
-        return false;
-    }
-    const auto& isUserAdmin = valueTransferServices().isUserAdmin;
-    if (userNameinPreference != platform::kCFPreferencesCurrentUser && !(isUserAdmin && isUserAdmin())) {
-        return true;
-    }
     std::string text;
-    if (!ConvertToPreferenceString(text)) {
-        return false;
+    if (const auto answer = textForPreference(text)) {
+        return *answer;
     }
     if (holdsPassword(ctrlDataAccessInfoPtr->preferenceKey)) {
         CipherResult result = run(valueTransferServices().encipher, text);

@@ -251,7 +251,8 @@ bool SpecialPagesPDEnvbir15::SimulationOpenPDE() {
     return helpStatus == 0;
 }
 
-std::int32_t SpecialPagesPDEnvbir15::xSetxppd(ppd_file_s* ppd, std::shared_ptr<ConstraintIndex> index) {
+std::int32_t SpecialPagesPDEnvbir15::xSetxppd(ppd_file_s* ppd,
+                                              const std::shared_ptr<ConstraintIndex>& index) {
     if (ppd == nullptr || index == nullptr) {
         return 0;
     }

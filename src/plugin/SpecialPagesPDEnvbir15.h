@@ -87,7 +87,7 @@ class SpecialPagesPDEnvbir15 : public platform::PrintDialogPanel,
     bool SimulationOpenPDE();
     /// Compiles the PPD's constraints into the index and hands it to the windows; nothing when either is
     /// null. Answers 0.
-    std::int32_t xSetxppd(ppd_file_s* ppd, std::shared_ptr<ConstraintIndex> index);
+    std::int32_t xSetxppd(ppd_file_s* ppd, const std::shared_ptr<ConstraintIndex>& index);
     std::int32_t SetValueToTicket(platform::PrintSettings* settings, bool withParam) override;
     using BasePrintPanelEMFSpecialPages::SetValueToTicket;
 

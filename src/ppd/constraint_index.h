@@ -57,7 +57,7 @@ class ChoiceKey {
     std::string_view text() const { return text_; }
 
   private:
-    std::array<char, 2 * PPD_MAX_NAME> short_text_;
+    std::array<char, std::size_t{2} * PPD_MAX_NAME> short_text_;
     std::string long_text_;
     std::string_view text_;
 };
