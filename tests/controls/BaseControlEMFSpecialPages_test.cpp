@@ -4,6 +4,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <numeric>
+
 namespace specialpages {
 namespace {
 
@@ -774,10 +776,8 @@ TEST_F(UpdateCycle, RunsTheOtherStepsOfEveryEventAllTheSame) {
 }
 
 TEST(UpdateRows, AChainThatEndsIsNotCutOff) {
-    std::vector<ControlTag> tags;
-    for (ControlTag tag = 1; tag <= kMaxUpdateDepth + 1; ++tag) {
-        tags.push_back(tag);
-    }
+    std::vector<ControlTag> tags(kMaxUpdateDepth + 1);
+    std::iota(tags.begin(), tags.end(), 1);
     Neighbours neighbours(tags);
     std::vector<std::unique_ptr<Rows>> rows;
     std::vector<ConstraintRecord> records(tags.size());

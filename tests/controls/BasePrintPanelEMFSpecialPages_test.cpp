@@ -91,9 +91,9 @@ class MortalControl : public BaseControlEMFSpecialPages {
 };
 
 TEST(PanelRegistry, DestroysAnOwnControlWithoutAViewAtOnce) {
-    TestPanel panel;
     int ended = 0;
     TaggedView view(1);
+    TestPanel panel;
     MortalControl* field = nullptr;
     EXPECT_EQ(panel.RunTimeAddNewControl(std::make_unique<MortalControl>(&view, ended), field), 0);
     EXPECT_NE(field, nullptr);

@@ -170,8 +170,11 @@ TEST_F(PopupWindow, AsksItsParentForThePrinter) {
     EXPECT_EQ(popup_.GetCurrentPrinterString(), std::nullopt);
     panel.SetCurrentPrintSettings(nullptr, nullptr, nullptr, &session);
     EXPECT_EQ(popup_.GetCurrentPrinterString(), "Printer-1");
+    session.currentPrinter = platform::Printer{"Printer-2"};
+    panel.SetCurrentPrinterString(&session);
+    EXPECT_EQ(popup_.GetCurrentPrinterString(), "Printer-2") << "its own copy does not count";
     popup_.SetParenetPane(nullptr);
-    EXPECT_EQ(popup_.GetCurrentPrinterString(), std::nullopt) << "its own copy does not count";
+    EXPECT_EQ(popup_.GetCurrentPrinterString(), std::nullopt);
 }
 
 TEST_F(PopupWindow, SynchronisingReadsEveryViewAndCommitsNothing) {

@@ -29,6 +29,7 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <variant>
 #include <vector>
 
 namespace specialpages::test {
@@ -220,6 +221,16 @@ class RecordingWindow : public BasePrintPanelEMFSpecialPages {
     std::string name_;
 };
 
+/// What the block holds. Throws std::logic_error when it does not exist or holds something else.
+template <typename Value>
+const Value& held(const ValueBlock& block) {
+    const auto* value = block ? std::get_if<Value>(&*block) : nullptr;
+    if (value == nullptr) {
+        throw std::logic_error("the block does not hold such a value");
+    }
+    return *value;
+}
+
 /// A control with an integer value in a NumberView, the way that every control with a value is built.
 class NumberControl : public BaseControlEMFSpecialPages {
   public:
@@ -307,8 +318,7 @@ class NumberControl : public BaseControlEMFSpecialPages {
 
   private:
     NumberView* view() const { return static_cast<NumberView*>(ControlPtr); }
-    /// Throws when the block does not exist or holds something else.
-    static std::int32_t number(const ValueBlock& block) { return std::get<std::int32_t>(block.value()); }
+    static std::int32_t number(const ValueBlock& block) { return held<std::int32_t>(block); }
 
     std::optional<std::int32_t> standard_;
     std::int32_t initial_;
@@ -323,13 +333,13 @@ class TextValueControl : public BaseControlEMFSpecialPages {
         userNameinPreference = usernamein;
     }
     void setText(std::string text) { ctrlDataBlkPtr = std::move(text); }
-    std::string text() const { return std::get<std::string>(ctrlDataBlkPtr.value()); }
+    std::string text() const { return held<std::string>(ctrlDataBlkPtr); }
 
     bool convertAnswer = true;
     bool nullOutput = false;
 
     bool ConvertToPreferenceString(std::string& text) override {
-        text = std::get<std::string>(ctrlDataBlkPtr.value());
+        text = held<std::string>(ctrlDataBlkPtr);
         return convertAnswer;
     }
     bool ConvertToTickectData(std::string& text) override { return ConvertToPreferenceString(text); }
