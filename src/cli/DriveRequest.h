@@ -16,7 +16,7 @@
 namespace specialpages::cli {
 
 /// Bounds of a request: bytes of its line, and how deep its values nest.
-inline constexpr std::size_t kMaxRequestBytes = 1024U * 1024;
+inline constexpr std::size_t kMaxRequestBytes = std::size_t{1024} * 1024;
 inline constexpr int kMaxRequestDepth = 16;
 
 /// Why a request is not carried out, as the answer's "error" says it.

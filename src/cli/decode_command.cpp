@@ -7,7 +7,7 @@
 namespace specialpages::cli {
 
 namespace {
-constexpr std::size_t kMaxLineBytes = 1024U * 1024;
+constexpr std::size_t kMaxLineBytes = std::size_t{1024} * 1024;
 }
 
 void decode_command(const std::vector<std::string>& values, Streams streams) {

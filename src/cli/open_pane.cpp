@@ -15,7 +15,7 @@ using host::HostError;
 
 namespace {
 
-constexpr std::size_t kMaxPpdBytes = 64U * 1024 * 1024;
+constexpr std::size_t kMaxPpdBytes = std::size_t{64} * 1024 * 1024;
 
 host::PpdFile open_ppd(const PaneOptions& options, std::istream& in) {
     if (options.ppd != kStandardStream) {

@@ -14,7 +14,7 @@
 namespace specialpages::host {
 
 /// Larger settings are refused, in bytes of the file.
-inline constexpr std::size_t kMaxSettingsBytes = 16U * 1024 * 1024;
+inline constexpr std::size_t kMaxSettingsBytes = std::size_t{16} * 1024 * 1024;
 
 enum class SettingsFormat { json, propertyList };
 
