@@ -10,6 +10,8 @@
 #include "platform/foundation/numbers.h"
 #include "platform/foundation/preferences.h"
 #include "platform/foundation/system_version.h"
+#include "platform/print/PDEPluginCallback.h"
+#include "platform/print/PrintSession.h"
 #include "platform/print/PrintSettings.h"
 #include "platform/toolkit/Button.h"
 #include "platform/toolkit/View.h"
@@ -80,6 +82,26 @@ class TestPanel : public BasePrintPanelEMFSpecialPages {
         fWindowGroupArray.push_back(nullptr);
     }
 };
+
+/// A host that has a PPD and nothing else.
+class TestHost : public platform::PDEPluginCallback {
+  public:
+    explicit TestHost(ppd_file_s* ppd = nullptr) : ppd_(ppd) {}
+    ppd_file_s* ppdFile() override { return ppd_; }
+    platform::PrintSettings* printSettings() override { return nullptr; }
+    platform::PrintSession* printSession() override { return nullptr; }
+    platform::PageFormat* pageFormat() override { return nullptr; }
+
+  private:
+    ppd_file_s* ppd_;
+};
+
+/// A session that has chosen the printer.
+inline platform::PrintSession session_of(std::string printer) {
+    platform::PrintSession session;
+    session.currentPrinter = platform::Printer{std::move(printer)};
+    return session;
+}
 
 /// A control that does nothing but write down what it is asked.
 class RecordingControl : public BaseControlEMFSpecialPages {
