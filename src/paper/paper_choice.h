@@ -64,7 +64,7 @@ struct PaperChoice {
         return part == PaperPart::size ? size : part == PaperPart::color ? color : type;
     }
     /// Whether all three parts are chosen.
-    bool complete() const { return size != kNoChange && color != kNoChange && type != kNoChange; }
+    bool complete() const { return size >= 0 && color >= 0 && type >= 0; }
     friend bool operator==(const PaperChoice&, const PaperChoice&) = default;
 };
 
