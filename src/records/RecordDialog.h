@@ -4,10 +4,10 @@
 #include "records/SpecialPageRecord.h"
 
 #include <cstdint>
-#include <optional>
-#include <string>
 
 namespace specialpages {
+
+class PaperTitles;
 
 class RecordDialog {
   public:
@@ -21,8 +21,8 @@ class RecordDialog {
     virtual const RecordList* recordsForList() = 0;
     /// Whether the item of the dialog's paper menu at that index of the PPD's media types is tab stock.
     virtual bool doTabStockSetCheckByIndex(std::int32_t pagetype) = 0;
-    /// The words of the list's setup column for one record; null when the dialog cannot tell.
-    virtual std::optional<std::string> setupText(const SpecialPageRecord& record) = 0;
+    /// The dialog's paper menu, whose titles name the paper of its records; null without one.
+    virtual const PaperTitles* paperTitles() = 0;
     /// Opens the dialog and returns when it ended.
     virtual void openForRecords() = 0;
 };

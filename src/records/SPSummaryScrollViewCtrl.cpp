@@ -24,15 +24,6 @@ namespace specialpages {
 
 namespace {
 
-/// The keyword after the "-" names the choice for a sheet from the interposer.
-constexpr std::string_view kInterposerKey = "NVUncollateSeparator-INT";
-
-template <std::size_t Size>
-std::string_view table_entry(const std::array<std::string_view, Size>& table, std::int32_t index) {
-    return index < 0 || index >= static_cast<std::int32_t>(Size) ? std::string_view{}
-                                                                 : table[static_cast<std::size_t>(index)];
-}
-
 std::optional<std::string> interposer_text(ppd_file_t* ppd) {
     const ppd_option_t* option = cups_find_option(ppd, KPPDUncollateSeparator);
     if (option == nullptr) {
@@ -383,17 +374,18 @@ bool SPSummaryScrollViewCtrl::upDateView() {
 
 std::string SPSummaryScrollViewCtrl::typeText(platform::Bundle& bundle,
                                               const SpecialPageRecord& record) const {
-    return localized(bundle, table_entry(gInsertPageTypeResourceString, record.type()), kNotFound);
+    return localized(bundle, record_table_entry(gInsertPageTypeResourceString, record.type()), kNotFound);
 }
 
 std::string SPSummaryScrollViewCtrl::pageText(platform::Bundle& bundle,
                                               const SpecialPageRecord& record) const {
     if (record.is(RecordType::cover)) {
-        return localized(bundle, table_entry(gInsertPageNumResourceString, record.integer(RecordKey::page)),
+        return localized(bundle,
+                         record_table_entry(gInsertPageNumResourceString, record.integer(RecordKey::page)),
                          kNotFound);
     }
     if (record.is(RecordType::insert) && record.integer(RecordKey::insertoption) == 1) {
-        return localized(bundle, table_entry(insertOptionListIniMenu, 1), kNotFound);
+        return localized(bundle, record_table_entry(insertOptionListIniMenu, 1), kNotFound);
     }
     return record.text(RecordKey::page);
 }
@@ -411,20 +403,51 @@ std::optional<std::string> SPSummaryScrollViewCtrl::setupInfo(const SpecialPageR
     }
 }
 
+/// The texts as the list finds them: its localised table, and the PPD of the pane.
+class SPSummaryScrollViewCtrl::Words : public SetupWords {
+  public:
+    Words(const SPSummaryScrollViewCtrl& list, platform::Bundle& bundle) : list_(list), bundle_(bundle) {}
+
+    std::string localizedText(std::string_view key) const override {
+        return list_.localized(bundle_, key, kNotFound);
+    }
+    std::string defaultTableText(std::string_view key) const override {
+        return bundle_.localizedStringForKey(key, kNotFound, {});
+    }
+    std::optional<std::string> interposerText() const override { return UncollateSeparatorSTR(); }
+    std::string sizeKeyword(std::int32_t index) const override {
+        std::string keyword;
+        GetValueFromPPDByIndex(list_.ctrlParentPanelPtr->GetCurrentPPD(), kPPDPageSizeKey, keyword, index);
+        return keyword;
+    }
+
+  private:
+    const SPSummaryScrollViewCtrl& list_;
+    platform::Bundle& bundle_;
+};
+
+std::optional<std::string> SPSummaryScrollViewCtrl::setupInfoBy(RecordType type, ComposeSetup compose,
+                                                                const SpecialPageRecord& record) {
+    RecordDialog* source = dialog(type);
+    const PaperTitles* paper = source == nullptr ? nullptr : source->paperTitles();
+    platform::Bundle* texts = bundle();
+    if (paper == nullptr || texts == nullptr) {
+        return std::nullopt;
+    }
+    return compose(record, *paper, Words(*this, *texts));
+}
+
 std::optional<std::string> SPSummaryScrollViewCtrl::getCoverWndSetupInfo(const SpecialPageRecord& record) {
-    RecordDialog* source = dialog(RecordType::cover);
-    return source == nullptr ? std::nullopt : source->setupText(record);
+    return setupInfoBy(RecordType::cover, cover_setup_text, record);
 }
 
 std::optional<std::string> SPSummaryScrollViewCtrl::getInsertWndSetupInfo(const SpecialPageRecord& record) {
-    RecordDialog* source = dialog(RecordType::insert);
-    return source == nullptr ? std::nullopt : source->setupText(record);
+    return setupInfoBy(RecordType::insert, insert_setup_text, record);
 }
 
 std::optional<std::string>
 SPSummaryScrollViewCtrl::getExceptionWndSetupInfo(const SpecialPageRecord& record) {
-    RecordDialog* source = dialog(RecordType::exception);
-    return source == nullptr ? std::nullopt : source->setupText(record);
+    return setupInfoBy(RecordType::exception, exception_setup_text, record);
 }
 
 platform::TableView* SPSummaryScrollViewCtrl::table() const {

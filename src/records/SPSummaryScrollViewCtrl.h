@@ -8,6 +8,7 @@
 #include "platform/toolkit/TableView.h"
 #include "records/SpecialPageRecord.h"
 #include "records/row_set.h"
+#include "records/setup_text.h"
 
 #include <cstdint>
 #include <optional>
@@ -133,7 +134,7 @@ class SPSummaryScrollViewCtrl : public BaseControlEMFSpecialPages,
     /// Opens the dialog for records of that type, when there is one.
     void openDialogForType(std::int32_t type);
 
-    /// The words of the setup column; null without the dialog.
+    /// The words of the setup column; null without the dialog, its paper menu or a bundle.
     std::optional<std::string> getCoverWndSetupInfo(const SpecialPageRecord& record);
     std::optional<std::string> getInsertWndSetupInfo(const SpecialPageRecord& record);
     std::optional<std::string> getExceptionWndSetupInfo(const SpecialPageRecord& record);
@@ -145,7 +146,11 @@ class SPSummaryScrollViewCtrl : public BaseControlEMFSpecialPages,
     platform::Bundle* bundle() const;
     std::string typeText(platform::Bundle& bundle, const SpecialPageRecord& record) const;
     std::string pageText(platform::Bundle& bundle, const SpecialPageRecord& record) const;
+    class Words;
+    using ComposeSetup = std::string (*)(const SpecialPageRecord&, const PaperTitles&, const SetupWords&);
     std::optional<std::string> setupInfo(const SpecialPageRecord& record);
+    std::optional<std::string> setupInfoBy(RecordType type, ComposeSetup compose,
+                                           const SpecialPageRecord& record);
     void mergeFromDialog(RecordType type, RecordList (*merge)(RecordList, const RecordList&));
 
     std::int64_t summaryScrollViewStatus = kSummaryIdle;

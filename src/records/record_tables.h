@@ -4,9 +4,23 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
+#include <cstdint>
 #include <string_view>
 
 namespace specialpages {
+
+/// The entry at that index; the empty key, which no table holds, outside.
+template <std::size_t Size>
+constexpr std::string_view record_table_entry(const std::array<std::string_view, Size>& table,
+                                              std::int32_t index) {
+    return index < 0 || index >= static_cast<std::int32_t>(Size) ? std::string_view{}
+                                                                 : table[static_cast<std::size_t>(index)];
+}
+
+/// A sheet from the interposer, when the PPD has no words of its own for it: the keyword after the "-" names
+/// its choice.
+inline constexpr std::string_view kInterposerKey = "NVUncollateSeparator-INT";
 
 /// By "type".
 inline constexpr std::array<std::string_view, 3> gInsertPageTypeResourceString{

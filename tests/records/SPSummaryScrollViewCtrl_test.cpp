@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <utility>
 
 namespace specialpages::test {
 namespace {
@@ -83,11 +84,42 @@ TEST_F(SummaryList, AnyOtherTypeOnlyRefreshes) {
     EXPECT_EQ(list.allItemCount(), 2U);
 }
 
-TEST_F(SummaryList, ShowsTheDialogsWordsInTheSetupColumn) {
-    pane.dialogs[kInserts].words = "size ";
-    fill({insert_after(3).with(RecordKey::pagesize, "12"), exception("4")});
-    EXPECT_EQ(table.text(0, 2), "size 12");
-    EXPECT_EQ(table.text(1, 2), "") << "a null text appends nothing";
+TEST_F(SummaryList, ShowsThePaperOfTheDialogsMenuInTheSetupColumn) {
+    pane.dialogs[kCovers].paper.emplace();
+    pane.dialogs[kInserts].paper.emplace();
+    fill({cover_front().with(RecordKey::printingoptions, "2").with(RecordKey::pagetype, "7"),
+          insert_after(3, 4).with(RecordKey::pagesize, "12"), exception("4")});
+    EXPECT_EQ(table.text(0, 2), "Print on side 2; size 0, color 0, type 7");
+    EXPECT_EQ(table.text(1, 2), "4 sheet(s); size 12, color 0, type 0");
+    EXPECT_EQ(table.text(2, 2), "") << "a dialog without a paper menu has no words";
+    pane.dialogs[kExceptions].paper.emplace();
+    list.upDateView();
+    EXPECT_EQ(table.text(2, 2), "2-sided, long edge; size 0, color 0, type 0");
+}
+
+TEST_F(SummaryList, NamesTheInterposerAsThePpdDoesOrElseAsTheTableDoes) {
+    pane.dialogs[kCovers].paper.emplace();
+    const auto before = std::exchange(UncollateSeparatorSTR(), std::nullopt);
+    fill({cover_front().with(RecordKey::interposer, "true")});
+    EXPECT_EQ(table.text(0, 2), "Blank or preprinted; Interposer");
+    UncollateSeparatorSTR() = "Cover feeder";
+    list.upDateView();
+    EXPECT_EQ(table.text(0, 2), "Blank or preprinted; Cover feeder");
+    UncollateSeparatorSTR() = before;
+}
+
+TEST_F(SummaryList, ACustomSizeIsTheOneThatThePpdOfThePaneCallsSo) {
+    PpdBuilder ppd;
+    ppd.option("PageSize").choices({"A4", "Custom", "MyCustom"});
+    pane.SetCurrentPPD(ppd.file());
+    pane.dialogs[kInserts].paper.emplace();
+    const auto custom = insert_after(3).with(RecordKey::width, "100").with(RecordKey::length, "200.5");
+    fill({custom.with(RecordKey::pagesize, "1"), custom.with(RecordKey::pagesize, "2"),
+          custom.with(RecordKey::pagesize, "3")});
+    EXPECT_EQ(table.text(0, 2), "1 sheet(s); 100.0 x 200.5 mm, color 0, type 0");
+    EXPECT_EQ(table.text(1, 2), "1 sheet(s); size 2, color 0, type 0");
+    EXPECT_EQ(table.text(2, 2), "1 sheet(s); size 3, color 0, type 0") << "past the sizes of the PPD";
+    pane.SetCurrentPPD(nullptr);
 }
 
 TEST_F(SummaryList, ARecordOfAnUnknownTypeShowsItsPageAndNoType) {
@@ -175,11 +207,12 @@ TEST_F(SummaryList, WithoutATableThereIsNoSelection) {
 }
 
 TEST_F(SummaryList, TheTipNamesPageTypeAndSetup) {
-    pane.dialogs[kExceptions].words = "on size ";
+    pane.dialogs[kExceptions].paper.emplace();
     fill({exception("5-7"), insert_after(3)});
     const std::string title = bundle->localizedStringForKey("Page(s) Title", "?", "");
     const std::string type = bundle->localizedStringForKey("Exception String", "?", "");
-    EXPECT_EQ(list.getTipInformationByRow(0), title + " 5-7;  " + type + ";  on size 0");
+    EXPECT_EQ(list.getTipInformationByRow(0),
+              title + " 5-7;  " + type + ";  2-sided, long edge; size 0, color 0, type 0");
     EXPECT_EQ(list.getTipInformationByRow(1), "") << "a text is missing";
     EXPECT_FALSE(list.getTipInformationByRow(-1).has_value());
     EXPECT_FALSE(list.getTipInformationByRow(2).has_value());

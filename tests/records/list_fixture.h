@@ -26,19 +26,31 @@
 
 namespace specialpages::test {
 
+/// Paper that is called after its numbers: the size of index 12 is "size 12".
+class NumberedTitles : public PaperTitles {
+  public:
+    std::optional<std::string> getSelectedMenuItemTitle(std::int64_t kind,
+                                                        std::int64_t index) const override {
+        static constexpr std::array<const char*, 5> kWords{"", "", "size", "color", "type"};
+        return std::string(kWords.at(static_cast<std::size_t>(kind))) + " " + std::to_string(index);
+    }
+    std::optional<std::string> getSelectedMenuItemChoice(std::int64_t kind,
+                                                         std::int64_t index) const override {
+        return getSelectedMenuItemTitle(kind, index);
+    }
+};
+
 /// A dialog that hands out what the test gives it and counts its openings.
 class GivenDialog : public RecordDialog {
   public:
     const RecordList* recordsForList() override { return given ? &*given : nullptr; }
     bool doTabStockSetCheckByIndex(std::int32_t pagetype) override { return pagetype == tabStock; }
-    std::optional<std::string> setupText(const SpecialPageRecord& record) override {
-        return words ? std::optional(*words + record.text(RecordKey::pagesize)) : std::nullopt;
-    }
+    const PaperTitles* paperTitles() override { return paper ? &*paper : nullptr; }
     void openForRecords() override { ++openings; }
 
     std::optional<RecordList> given;
     std::int32_t tabStock = -1;
-    std::optional<std::string> words;
+    std::optional<NumberedTitles> paper;
     int openings = 0;
 };
 
