@@ -7,6 +7,7 @@
 #include "platform/toolkit/TextField.h"
 #include "ppd/cups_ppd.h"
 #include "ppd/name_lookup.h"
+#include "records/record_tables.h"
 #include "support/identifiers.h"
 
 #include <utility>

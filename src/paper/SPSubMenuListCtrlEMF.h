@@ -16,6 +16,7 @@
 #include "paper/paper_choice.h"
 #include "paper/paper_conflicts.h"
 #include "paper/paper_menu.h"
+#include "records/setup_text.h"
 
 #include <array>
 #include <cstdint>
@@ -42,7 +43,7 @@ enum PaperMenuWindowType : std::int32_t { kCoversWndType = 0, kInsertsWndType = 
 /// Who sent an action. Tags do not tell: an item of a sub-menu and a view may have the same.
 enum class MenuActionSender { popUp, subMenuItem };
 
-class SPSubMenuListCtrlEMF : public PopupControlEMFSpecialPages {
+class SPSubMenuListCtrlEMF : public PopupControlEMFSpecialPages, public PaperTitles {
   public:
     using PopupControlEMFSpecialPages::CreateControl;
     /// The tables are borrowed. `DuplexControl` is the tag of the sidedness list of this window.
@@ -104,10 +105,10 @@ class SPSubMenuListCtrlEMF : public PopupControlEMFSpecialPages {
     /// These three answer for the item at position `selectedItemIndex` + 1 of that sub-menu; null for a
     /// negative index, a missing sub-menu or an index past the end.
     std::optional<std::string> getSelectedMenuItemTitle(std::int64_t position,
-                                                        std::int64_t selectedItemIndex) const;
+                                                        std::int64_t selectedItemIndex) const override;
     platform::MenuItem* getSelectedMenuItemRef(std::int64_t position, std::int64_t selectedItemIndex) const;
     std::optional<std::string> getSelectedMenuItemChoice(std::int64_t position,
-                                                         std::int64_t selectedItemIndex) const;
+                                                         std::int64_t selectedItemIndex) const override;
     /// State of the top-level item at position `index` + 1. Nothing, or true, when there is none.
     void enabledSubMenuByIndex(std::int64_t index, bool EnabledMenu);
     bool isEnabledSubMenuByIndex(std::int64_t index) const;

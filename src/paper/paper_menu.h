@@ -65,7 +65,4 @@ std::optional<std::int64_t> vendor_title_position(const Keys& keys) {
 /// key) of the separator option. Empty when the PPD has no such option or choice.
 std::optional<std::string> separator_text(ppd_file_t* ppd, std::string_view key);
 
-/// The key by which menus and texts name the interposer.
-inline constexpr const char* kInterposerKey = "NVUncollateSeparator-INT";
-
 } // namespace specialpages

@@ -1,5 +1,6 @@
 // What the pane's nib connects: its outlets by name, and the objects that the nib instantiates.
 #include "controls/PopupWinInPanelEMFSpecialPages.h"
+#include "dialogs/SPAddCoversWndEMF.h"
 #include "dialogs/SPWarningWndEMF.h"
 #include "platform/toolkit/Button.h"
 #include "platform/toolkit/IconView.h"
@@ -104,6 +105,9 @@ bool SpecialPagesPDEnvbir15::connectObject(std::string_view outlet, platform::Ni
 std::unique_ptr<platform::NibObject> SpecialPagesPDEnvbir15::instantiate(std::string_view className) {
     if (className == "SPSummaryScrollViewCtrl") {
         return std::make_unique<SPSummaryScrollViewCtrl>();
+    }
+    if (className == "SPAddCoversWndEMF") {
+        return std::make_unique<SPAddCoversWndEMF>();
     }
     if (className == "SPWarningWndEMF") {
         return std::make_unique<SPWarningWndEMF>();

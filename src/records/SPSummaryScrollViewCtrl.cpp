@@ -29,7 +29,8 @@ std::optional<std::string> interposer_text(ppd_file_t* ppd) {
     if (option == nullptr) {
         return std::nullopt;
     }
-    const std::string keyword(kInterposerKey.substr(kInterposerKey.rfind('-') + 1));
+    const std::string_view key = kInterposerKey;
+    const std::string_view keyword = key.substr(key.rfind('-') + 1);
     for (int i = 0; i < option->num_choices; ++i) {
         if (keyword == option->choices[i].choice) {
             return platform::utf8_from_encoding(option->choices[i].text,

@@ -20,7 +20,7 @@ constexpr std::string_view record_table_entry(const std::array<std::string_view,
 
 /// A sheet from the interposer, when the PPD has no words of its own for it: the keyword after the "-" names
 /// its choice.
-inline constexpr std::string_view kInterposerKey = "NVUncollateSeparator-INT";
+inline constexpr const char* kInterposerKey = "NVUncollateSeparator-INT";
 
 /// By "type".
 inline constexpr std::array<std::string_view, 3> gInsertPageTypeResourceString{

@@ -1,6 +1,7 @@
 #include "paper/paper_menu.h"
 #include "paper/paper_ppd.h"
 #include "ppd/ppd_keywords.h"
+#include "records/record_tables.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
