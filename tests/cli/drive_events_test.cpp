@@ -90,7 +90,7 @@ class DriveEvents : public testing::DriveSessionTest {
         }
         window_ = dynamic_cast<platform::Window*>(nib_->topLevelViews().at(0).get());
         makeMenu();
-        note(view<platform::TextField>(411), [this](platform::View& sender) {
+        note(view<platform::TextField>(411), [](platform::View& sender) {
             return "text " + dynamic_cast<platform::TextField&>(sender).stringValue();
         });
         note(view<platform::Stepper>(421), [](platform::View& sender) {
