@@ -27,7 +27,6 @@ class UnitRadios : public ::testing::Test {
         field(inchField, inchControl, 712);
         field(millimetreField, millimetreControl, 713);
     }
-    ~UnitRadios() override { ResetGestalt_ALT(); }
 
     void make(RadioButtonEMFSpecialPages& radio, platform::Button& view, ControlTag tag,
               const RadioIniData& ini, const ConstraintRecord& record) {

@@ -103,6 +103,12 @@ TEST(FullResourceName, IsCutAt255UnitsAtACharacterBoundary) {
     EXPECT_EQ(GetAppFullResourceName(repeated("😀", 128), 2, "", ""), repeated("😀", 127));
 }
 
+platform::PropertyList parsed(const std::string& bytes) {
+    auto list = platform::parse_property_list(bytes);
+    EXPECT_TRUE(list) << bytes;
+    return list.value_or(platform::PropertyList{});
+}
+
 class HelpBook : public testing::Test {
   protected:
     HelpBook() : config_("XDG_CONFIG_HOME", (directory_.path() / "config").string()) {
@@ -153,10 +159,10 @@ TEST_F(HelpBook, OfAnyBundleIsRegistered) {
     const auto bundle = platform::Bundle::load(directory);
     ASSERT_NE(bundle, nullptr);
     RegisterHelpBook(bundle.get());
-    const auto list =
-        platform::parse_property_list(platform::testing::read_test_file(platform::help_preferences_file()));
-    ASSERT_TRUE(list);
-    EXPECT_NE(list->find("RegisteredBooks")->find("com.example.other"), nullptr);
+    const platform::PropertyList list =
+        parsed(platform::testing::read_test_file(platform::help_preferences_file()));
+    ASSERT_NE(list.find("RegisteredBooks"), nullptr);
+    EXPECT_NE(list.find("RegisteredBooks")->find("com.example.other"), nullptr);
 }
 
 TEST_F(HelpBook, OfNoBundleOrOneWithoutHelpIsNotRegistered) {
@@ -280,16 +286,13 @@ TEST_F(HelpCache, OfAStaleBookIsTakenOutOfTheBooksAndTheOrder) {
                       "<string>com.example.b</string><integer>1</integer><string>com.example.a</string>"
                       "</array>");
     RemoveHelpCacheForBundleID("com.example.a");
-    const auto list = platform::parse_property_list(preferences());
-    ASSERT_TRUE(list);
-    const auto expected = platform::parse_property_list(
-        "<plist><dict><key>Other</key><true/><key>RegisteredBooks</key><dict>"
-        "<key>com.example.b</key><array>" +
-        place("file:///b/en.lproj/") +
-        "</array></dict><key>RegistrationOrder</key><array><string>com.example.b</string>"
-        "<integer>1</integer></array></dict></plist>");
-    ASSERT_TRUE(expected);
-    EXPECT_EQ(preferences(), platform::write_property_list(*expected));
+    EXPECT_EQ(preferences(),
+              platform::write_property_list(
+                  parsed("<plist><dict><key>Other</key><true/><key>RegisteredBooks</key><dict>"
+                         "<key>com.example.b</key><array>" +
+                         place("file:///b/en.lproj/") +
+                         "</array></dict><key>RegistrationOrder</key><array>"
+                         "<string>com.example.b</string><integer>1</integer></array></dict></plist>")));
     EXPECT_THAT(lines_, IsEmpty());
 }
 
@@ -347,10 +350,10 @@ TEST_F(HelpCache, NeedsNoOrderOfRegistration) {
         write_preferences("<key>RegisteredBooks</key><dict><key>com.example.a</key><array>" +
                           place("file:///a/en.lproj/") + "</array></dict>" + order);
         RemoveHelpCacheForBundleID("com.example.a");
-        const auto list = platform::parse_property_list(preferences());
-        ASSERT_TRUE(list);
-        EXPECT_EQ(list->find("RegisteredBooks")->find("com.example.a"), nullptr);
-        EXPECT_EQ(list->find("RegistrationOrder") != nullptr, *order != '\0') << "and makes none";
+        const platform::PropertyList list = parsed(preferences());
+        ASSERT_NE(list.find("RegisteredBooks"), nullptr);
+        EXPECT_EQ(list.find("RegisteredBooks")->find("com.example.a"), nullptr);
+        EXPECT_EQ(list.find("RegistrationOrder") != nullptr, *order != '\0') << "and makes none";
     }
 }
 
