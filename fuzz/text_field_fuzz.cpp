@@ -65,26 +65,33 @@ bool is_kana(char16_t unit) {
     return (unit >= 0x30A0 && unit <= 0x30FF) || (unit >= 0xFF66 && unit <= 0xFF9D);
 }
 
-/// Whether a user may enter the text. A mark stands behind one kana.
-bool may_stand(const std::string& text, const Table& table, std::uint32_t maximum) {
-    if (table.bytes != nullptr) {
-        const auto allowed = [&table](char byte) {
-            return byte != '\0' && std::string_view(table.bytes).find(byte) != std::string_view::npos;
-        };
-        return text.size() <= maximum && std::all_of(text.begin(), text.end(), allowed);
+/// Whether the table has the unit.
+bool has(const Table& table, char16_t unit) {
+    if (table.bytes == nullptr) {
+        return is_kana(unit);
     }
+    return unit != 0 && unit < 0x80 &&
+           std::string_view(table.bytes).find(static_cast<char>(unit)) != std::string_view::npos;
+}
+
+/// Whether a user may enter the text. Behind each character of the table, not of kana tables only, one sound
+/// mark may stand.
+bool may_stand(const std::string& text, const Table& table, std::uint32_t maximum) {
     const auto units = platform::utf16_from_utf8(text);
-    if (!units || units->size() * 2 > maximum) {
+    if (!units) {
         return false;
     }
-    bool afterKana = false;
+    std::size_t columns = 0;
+    bool takesMark = false;
     for (const char16_t unit : *units) {
-        if (!is_kana(unit) && !(afterKana && is_mark(unit))) {
+        const bool inTable = has(table, unit);
+        if (!inTable && !(takesMark && is_mark(unit))) {
             return false;
         }
-        afterKana = is_kana(unit);
+        takesMark = inTable;
+        columns += unit < 0x80 ? 1 : 2;
     }
-    return true;
+    return columns <= maximum;
 }
 
 /// Whether the block is the head of the text that a block has room for.
@@ -96,6 +103,13 @@ void require_head(const std::string& block, const std::string& text, std::size_t
         require(platform::is_valid_utf8(block), "a text is cut inside a character");
         require(block.size() == whole.size() || block.size() + 4 > room, "a text is cut without a need");
     }
+}
+
+/// The block's text; there has to be one.
+std::string text_of(const ValueBlock& block) {
+    const auto* text = block ? std::get_if<std::string>(&*block) : nullptr;
+    require(text != nullptr, "a block is not there");
+    return text == nullptr ? std::string{} : *text;
 }
 
 class Face : public platform::ApplicationFace {
@@ -203,7 +217,7 @@ class Session {
     }
     void show_data(const std::string& text) {
         control_->setExternalValueToData(text, static_cast<std::uint32_t>(text.size()), 0);
-        const std::string data = std::get<std::string>(*control_->GetControlBlkPtr());
+        const std::string data = text_of(control_->GetControlBlkPtr());
         require_head(data, text, kMaxBlockBytes);
         require(control_->SetControlValueToUI(), "a value cannot be shown");
         require(shown() == (platform::is_valid_utf8(data) ? data : std::string{}), "the value is not shown");
@@ -228,7 +242,7 @@ class Session {
         const std::string before = shown();
         const ValueBlock* block = control_->GetValueFromUI();
         require(block != nullptr && shown() == before, "reading the field changes it");
-        const std::string seen = std::get<std::string>(**block);
+        const std::string seen = text_of(*block);
         if (platform::is_valid_utf8(before)) {
             require_head(seen, before, kMaxBlockBytes);
         } else {
@@ -238,8 +252,7 @@ class Session {
             require(control_->InvalidateDataAndReturnError(), "what may be typed is refused in the end");
         }
         control_->SetValueFromUIToControl();
-        require(std::get<std::string>(*control_->GetControlBlkPtr()) == seen,
-                "the value is not the one seen");
+        require(text_of(control_->GetControlBlkPtr()) == seen, "the value is not the one seen");
     }
 
     const Table& table_;

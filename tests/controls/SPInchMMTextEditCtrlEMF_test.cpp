@@ -10,13 +10,11 @@ namespace specialpages {
 namespace {
 
 using platform::ScriptedFace;
-using test::kInchField;
 using test::kMM;
 using test::kMMStepper;
 using test::kNoKeys;
 using test::kNoSuchTag;
 using test::Rows;
-using test::TestPanel;
 using test::TextView;
 using test::TwoUnits;
 using Texts = std::vector<std::string>;

@@ -29,7 +29,6 @@ class TextEdit : public testing::Test {
         window_.addSubview(view_);
         platform::Application::shared().setMainWindow(&window_);
     }
-    ~TextEdit() override { platform::Application::shared().setMainWindow(nullptr); }
 
     /// A control with these tables in the panel; blocks and formatter anew.
     void create(const TextEditIniData* table = &kPages,

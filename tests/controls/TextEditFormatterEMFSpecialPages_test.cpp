@@ -45,6 +45,12 @@ TEST_F(TextFormatter, AForbiddenCharacterOfALegalLengthIsCalledTooLongAsWell) {
     EXPECT_EQ(face_.beeps(), 1);
 }
 
+TEST_F(TextFormatter, AHalfWidthSoundMarkStandsBehindEveryCharacterOfTheTable) {
+    EXPECT_EQ(verdict("12\xEF\xBE\x9E"), "") << "four columns";
+    EXPECT_EQ(verdict("12\xEF\xBE\x9E\xEF\xBE\x9E"), "String too long.") << "one mark only";
+    EXPECT_EQ(face_.beeps(), 1);
+}
+
 TEST_F(TextFormatter, AnEmptyTextStands) {
     EXPECT_EQ(verdict(""), "");
     EXPECT_EQ(face_.beeps(), 0);
@@ -106,12 +112,10 @@ TEST_F(TextFormatter, PastesThatAreNoNumbersAreRefusedWhole) {
         "\xF0\x9F\x96\xA8", // a surrogate pair
         "1\xCC\x81",        // a digit with a combining mark
         "\xD9\xA1\xD9\xA2", // right-to-left digits
-        "\xE2\x80\xAE"
-        "12",           // a right-to-left override
-        "\xEF\xBC\x91", // a full-width digit
-        "\xEF\xBB\xBF"
-        "12",           // a byte-order mark
-        "\xEF\xBE\x9E", // a sound mark alone
+        "12\xE2\x80\xAE",   // a right-to-left override
+        "\xEF\xBC\x91",     // a full-width digit
+        "\xEF\xBB\xBF.5",   // a byte-order mark
+        "\xEF\xBE\x9E",     // a sound mark alone
         "\xFF",
         "12\xC3",       // broken off
         "\xED\xA0\x80", // a lone surrogate

@@ -21,6 +21,14 @@ std::string text(const std::optional<PointRange>& range) {
     return range ? std::to_string(range->minimum) + " to " + std::to_string(range->maximum) : "none";
 }
 
+/// "394 to 1299, 3.94 to 12.99"
+std::string limits_of(PointRange points, std::int32_t longMeasure) {
+    const auto limits = custom_size_limits(points, longMeasure);
+    return limits ? text(PointRange{limits->minimum, limits->maximum}) + ", " + limits->minimumText + " to " +
+                        limits->maximumText
+                  : "none";
+}
+
 TEST(CustomSizePoints, AreReadFromThePpdForEachSide) {
     const auto ppd = test::open_ppd(SPECIALPAGES_SOURCE_DIR "/examples/ppd/production.ppd");
     EXPECT_EQ(text(custom_size_points(ppd.get(), kCustomSizeWidth)), "283 to 936");
@@ -46,38 +54,26 @@ TEST(CustomSizePoints, AreNotThereInAShortOrMissingLine) {
 }
 
 TEST(CustomSizeLimits, InInchesLieOnePointInside) {
-    const auto limits = custom_size_limits({283, 936}, kLongMeasureInches);
-    ASSERT_TRUE(limits);
-    EXPECT_EQ(limits->minimum, 394);
-    EXPECT_EQ(limits->minimumText, "3.94");
-    EXPECT_EQ(limits->maximum, 1299);
-    EXPECT_EQ(limits->maximumText, "12.99");
+    EXPECT_EQ(limits_of({283, 936}, kLongMeasureInches), "394 to 1299, 3.94 to 12.99");
 }
 
 TEST(CustomSizeLimits, InMillimetresAreThePpdsOwnInWholeOnes) {
-    const auto limits = custom_size_limits({283, 936}, kLongMeasureMillimetres);
-    ASSERT_TRUE(limits);
-    EXPECT_EQ(limits->minimum, 1000);
-    EXPECT_EQ(limits->minimumText, "100.0");
-    EXPECT_EQ(limits->maximum, 3300);
-    EXPECT_EQ(limits->maximumText, "330.0");
+    EXPECT_EQ(limits_of({283, 936}, kLongMeasureMillimetres), "1000 to 3300, 100.0 to 330.0");
 }
 
 TEST(CustomSizeLimits, OfAnyOtherUnitAreNotThere) {
-    EXPECT_FALSE(custom_size_limits({283, 936}, 2));
-    EXPECT_FALSE(custom_size_limits({283, 936}, -1));
+    EXPECT_EQ(limits_of({283, 936}, 2), "none");
+    EXPECT_EQ(limits_of({283, 936}, -1), "none");
 }
 
 TEST(CustomSizeLimits, DoNotLeaveTheNumbersAtTheirEnds) {
     using Limits = std::numeric_limits<std::int32_t>;
-    const auto limits = custom_size_limits({Limits::max(), Limits::min()}, kLongMeasureInches);
-    ASSERT_TRUE(limits);
-    EXPECT_EQ(limits->minimum, custom_size_limits({Limits::max() - 1, 0}, kLongMeasureInches)->minimum);
+    EXPECT_EQ(limits_of({Limits::max(), Limits::min()}, kLongMeasureInches),
+              limits_of({Limits::max() - 1, Limits::min() + 1}, kLongMeasureInches));
 }
 
 TEST(CustomSizeLimits, BelowAWholeUnitHaveNoZeroInFront) {
-    EXPECT_EQ(custom_size_limits({35, 73}, kLongMeasureInches)->minimumText, ".50");
-    EXPECT_EQ(custom_size_limits({35, 73}, kLongMeasureInches)->maximumText, "1.00");
+    EXPECT_EQ(limits_of({35, 73}, kLongMeasureInches), "50 to 100, .50 to 1.00");
 }
 
 } // namespace

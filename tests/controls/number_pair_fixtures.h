@@ -136,7 +136,6 @@ class TwoUnits {
         inch.Hide();
         inchStepper.Hide();
     }
-    ~TwoUnits() { platform::Application::shared().setMainWindow(nullptr); }
     TwoUnits(const TwoUnits&) = delete;
     TwoUnits& operator=(const TwoUnits&) = delete;
 
