@@ -88,7 +88,6 @@ TEST_F(LittleArray, ShowingTheDefaultChangesNoView) {
     view_.setIntValue(1800);
     EXPECT_TRUE(control_.GetValueFromUI() != nullptr);
     setData(1800);
-    platform::PrintSettings settings;
     EXPECT_TRUE(control_.SetDefaultValueToUI());
     EXPECT_EQ(view_.intValue(), 1800);
     EXPECT_EQ(data(), 1800);

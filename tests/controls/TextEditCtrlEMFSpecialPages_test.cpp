@@ -67,6 +67,7 @@ TEST_F(TextEdit, ReInitializingKeepsTheValueAndMakesTheFormatterAnew) {
     EXPECT_EQ(control_.data(), "5");
     EXPECT_EQ(control_.GetDataBlkSize(), 1U);
     EXPECT_NE(view_->formatter(), nullptr);
+    EXPECT_NE(view_->formatter(), before);
 }
 
 TEST_F(TextEdit, HasAFormatterOnlyWithAFilterAndATable) {
