@@ -1,5 +1,6 @@
 // Reads any bytes as a constraint cache file for a small PPD, asks every question about it, and reads back
 // what is written of it.
+#include "platform/foundation/numbers.h"
 #include "ppd/CQuickXPPD.h"
 #include "ppd/choice_conflict.h"
 #include "ppd/constraint_index.h"
@@ -72,6 +73,34 @@ void read(const std::string& file, ConstraintIndex& index) {
     stream >> reader;
 }
 
+/// What the section holds by the description of the format: field by field, without a look ahead.
+std::vector<Entry> entries_field_by_field(const std::string& file) {
+    std::istringstream stream(file);
+    std::string line;
+    while (std::getline(stream, line) && line != kSection) {
+    }
+    std::vector<Entry> entries;
+    if (!std::getline(stream, line)) {
+        return entries;
+    }
+    std::string_view source = line;
+    std::array<std::string, 4> fields;
+    const auto take = [&source](std::string& field) {
+        field.clear();
+        return CQuickXPPD::getoneline(&source, &field, '@');
+    };
+    const auto position = [](const std::string& field) {
+        return static_cast<std::uint16_t>(platform::int_value(field));
+    };
+    while (std::all_of(fields.begin(), fields.end(), take)) {
+        if (!fields[0].empty()) {
+            entries.emplace_back(fields[0], position(fields[1]), position(fields[2]), position(fields[3]));
+        }
+    }
+    std::sort(entries.begin(), entries.end());
+    return entries;
+}
+
 /// Asks about every choice of the PPD, and about the marks; `begin` to `end` are the key's entries.
 void ask_everything(const SmallPpd& ppd, const ConstraintIndex& index, std::string_view key,
                     std::vector<Entry>::const_iterator begin, std::vector<Entry>::const_iterator end) {
@@ -107,6 +136,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     read(file, index);
     const std::vector<Entry> entries = sorted_entries(index);
     require(entries.size() == index.size());
+    require(entries == entries_field_by_field(file));
     require(index.size() * kShortestEntry <= size);
     require(index.bucket_count() >= index.size());
     for (const auto& [key, group, option, choice] : entries) {

@@ -34,16 +34,16 @@ class CompiledOption {
     std::string_view keyword() const { return field_text(option_->keyword); }
     std::span<const ppd_choice_t> choices() const { return span_of(option_->choices, option_->num_choices); }
 
-    /// Position of the first choice of that name.
-    std::optional<std::uint32_t> find_choice(std::string_view name) {
+    /// The first choice of that name, in any case.
+    std::optional<NameTable::Found> find_choice(const Name& name) {
         if (!names_) {
-            names_.emplace(choices().size());
+            names_.emplace(NameCase::Ignored, choices().size());
             std::uint32_t position = 0;
             for (const ppd_choice_t& choice : choices()) {
-                names_->add(Name::folded(field_text(choice.choice)), position++);
+                names_->add(Name(choice.choice), position++);
             }
         }
-        return names_->find(Name::folded(name));
+        return names_->find(name);
     }
 
     /// Positions of the choices that do something.
@@ -99,22 +99,31 @@ class CompiledOption {
 /// A run over constraints of one PPD into one index.
 class ConstraintCompiler {
   public:
-    /// `keywordList` is what concerns() asks for. PPD and list outlive the run.
     ConstraintCompiler(const ppd_file_t& ppd, ConstraintIndex& index,
                        std::span<const std::string> keywordList);
 
-    /// Whether one of the constraint's options stands in the keyword list.
-    bool concerns(const ppd_const_t& constraint) {
-        return keyword(field_text(constraint.option1)).listed ||
-               keyword(field_text(constraint.option2)).listed;
-    }
+    /// Adds a constraint if one of its options stands in the keyword list, by the form that its choices call
+    /// for.
+    void add_if_listed(const ppd_const_t& constraint);
     void add(const ppd_const_t& constraint, bool choice1_named, bool choice2_named);
 
   private:
     /// What an option keyword of a constraint, as it is spelled there, stands for.
     struct Keyword {
         bool listed = false;
+        bool as_spelled = false; ///< the first option spells itself so
         std::uint32_t first_option = kNone;
+    };
+    /// The keyword that was asked for last: constraints come in rows of one option.
+    struct LastKeyword {
+        Name spelled;
+        std::uint32_t number = kNone;
+    };
+    /// A constraint with what its keywords stand for.
+    struct Resolved {
+        const ppd_const_t& text;
+        Keyword first;
+        Keyword second;
     };
     struct KeySource {
         CompiledOption* option;
@@ -122,10 +131,10 @@ class ConstraintCompiler {
     };
 
     void add_options(std::span<const ppd_option_t> options, std::size_t group);
-    const Keyword& keyword(std::string_view spelled);
-    CompiledOption* first_option(std::string_view spelled) {
-        return option_at(keyword(spelled).first_option);
-    }
+    std::uint32_t keyword_number(const Name& spelled);
+    Keyword keyword(const Name& spelled, LastKeyword& last);
+    Resolved resolve(const ppd_const_t& constraint);
+    CompiledOption* first_option(const Keyword& keyword) { return option_at(keyword.first_option); }
     CompiledOption* next_option(const CompiledOption& option) {
         return option_at(option.next_of_same_keyword);
     }
@@ -133,20 +142,23 @@ class ConstraintCompiler {
 
     /// Calls `visit(option)` for the first option of the keyword, or for every one.
     template <typename Visit>
-    void visit_options(std::string_view spelled, bool every, Visit visit);
+    void visit_options(const Keyword& keyword, bool every, Visit visit);
 
-    void collect_named_value(const ppd_const_t& constraint);
-    void collect_active_values(const ppd_const_t& constraint, bool every_option);
-    void collect_active_keys(const ppd_const_t& constraint, bool every_option);
+    void collect_named_value(const Resolved& constraint);
+    void collect_active_values(const Resolved& constraint, bool every_option);
+    void collect_active_keys(const Resolved& constraint, bool every_option);
+    void add(const Resolved& constraint, bool choice1_named, bool choice2_named);
     void add_value(const CompiledOption& option, std::uint32_t choice);
+    void insert_under_named_key(const Resolved& constraint);
+    void insert_under_active_keys(const Resolved& constraint, bool every_option);
 
     ConstraintIndex& index_;
     std::vector<CompiledOption> options_;
-    NameTable first_options_;       ///< folded keyword -> the first option of that keyword
-    NameTable spellings_;           ///< keyword as spelled -> keywords_
-    std::vector<Keyword> keywords_; ///< of the list, and of the constraints so far
-    std::string_view last_spelling_;
-    std::uint32_t last_keyword_ = 0;
+    NameTable first_options_{NameCase::Ignored}; ///< keyword -> the first option of that keyword
+    NameTable spellings_;                        ///< keyword as spelled -> keywords_
+    std::vector<Keyword> keywords_;              ///< of the list, and of the constraints so far
+    LastKeyword last_first_;
+    LastKeyword last_second_;
     std::vector<x_constraints> values_; ///< of the constraint at hand
     std::vector<KeySource> keys_;       ///< of the constraint at hand
     bool told_of_far_choice_ = false;
@@ -154,13 +166,13 @@ class ConstraintCompiler {
 
 ConstraintCompiler::ConstraintCompiler(const ppd_file_t& ppd, ConstraintIndex& index,
                                        std::span<const std::string> keywordList)
-    : index_(index), spellings_(keywordList.size()) {
+    : index_(index), spellings_(NameCase::Exact, keywordList.size()) {
     std::size_t position = 0;
     for (const ppd_group_t& group : span_of(ppd.groups, ppd.num_groups)) {
         add_options(span_of(group.options, group.num_options), position++);
     }
     for (const std::string& listed : keywordList) {
-        keyword(listed);
+        keyword_number(Name(listed));
     }
     for (Keyword& each : keywords_) {
         each.listed = true;
@@ -172,7 +184,7 @@ void ConstraintCompiler::add_options(std::span<const ppd_option_t> options, std:
     for (const ppd_option_t& option : options) {
         const auto number = static_cast<std::uint32_t>(options_.size());
         options_.emplace_back(option, group, position++);
-        const std::uint32_t first = first_options_.add(Name::folded(options_.back().keyword()), number);
+        const std::uint32_t first = first_options_.add(Name(options_.back().keyword()), number);
         if (first != number) {
             options_[options_[first].last_of_same_keyword].next_of_same_keyword = number;
         }
@@ -180,21 +192,25 @@ void ConstraintCompiler::add_options(std::span<const ppd_option_t> options, std:
     }
 }
 
-const ConstraintCompiler::Keyword& ConstraintCompiler::keyword(std::string_view spelled) {
-    // The same keyword is asked for again and again in a row.
-    if (spelled != last_spelling_ || keywords_.empty()) {
-        last_spelling_ = spelled;
-        last_keyword_ = spellings_.add(Name::exact(spelled), static_cast<std::uint32_t>(keywords_.size()));
-        if (last_keyword_ == keywords_.size()) {
-            keywords_.push_back({false, first_options_.find(Name::folded(spelled)).value_or(kNone)});
-        }
+std::uint32_t ConstraintCompiler::keyword_number(const Name& spelled) {
+    const std::uint32_t number = spellings_.add(spelled, static_cast<std::uint32_t>(keywords_.size()));
+    if (number == keywords_.size()) {
+        const auto option = first_options_.find(spelled);
+        keywords_.push_back(option ? Keyword{false, option->as_spelled, option->number} : Keyword{});
     }
-    return keywords_[last_keyword_];
+    return number;
+}
+
+ConstraintCompiler::Keyword ConstraintCompiler::keyword(const Name& spelled, LastKeyword& last) {
+    if (last.number == kNone || !(spelled == last.spelled)) {
+        last = {spelled, keyword_number(spelled)};
+    }
+    return keywords_[last.number];
 }
 
 template <typename Visit>
-void ConstraintCompiler::visit_options(std::string_view spelled, bool every, Visit visit) {
-    for (CompiledOption* option = first_option(spelled); option != nullptr;
+void ConstraintCompiler::visit_options(const Keyword& keyword, bool every, Visit visit) {
+    for (CompiledOption* option = first_option(keyword); option != nullptr;
          option = every ? next_option(*option) : nullptr) {
         visit(*option);
     }
@@ -209,34 +225,75 @@ void ConstraintCompiler::add_value(const CompiledOption& option, std::uint32_t c
     }
 }
 
-void ConstraintCompiler::collect_named_value(const ppd_const_t& constraint) {
-    for (CompiledOption* option = first_option(field_text(constraint.option1)); option != nullptr;
+void ConstraintCompiler::collect_named_value(const Resolved& constraint) {
+    for (CompiledOption* option = first_option(constraint.first); option != nullptr;
          option = next_option(*option)) {
-        if (const auto choice = option->find_choice(field_text(constraint.choice1))) {
-            add_value(*option, *choice);
+        if (const auto choice = option->find_choice(Name(constraint.text.choice1))) {
+            add_value(*option, choice->number);
             return;
         }
     }
 }
 
-void ConstraintCompiler::collect_active_values(const ppd_const_t& constraint, bool every_option) {
-    visit_options(field_text(constraint.option1), every_option, [this](CompiledOption& option) {
+void ConstraintCompiler::collect_active_values(const Resolved& constraint, bool every_option) {
+    visit_options(constraint.first, every_option, [this](CompiledOption& option) {
         for (const std::uint32_t choice : option.active_choices()) {
             add_value(option, choice);
         }
     });
 }
 
-void ConstraintCompiler::collect_active_keys(const ppd_const_t& constraint, bool every_option) {
+void ConstraintCompiler::collect_active_keys(const Resolved& constraint, bool every_option) {
     keys_.clear();
-    visit_options(field_text(constraint.option2), every_option, [this](CompiledOption& option) {
+    visit_options(constraint.second, every_option, [this](CompiledOption& option) {
         for (const std::uint32_t choice : option.active_choices()) {
             keys_.push_back({&option, choice});
         }
     });
 }
 
+void ConstraintCompiler::insert_under_named_key(const Resolved& constraint) {
+    // Spelled as in the PPD, which is usual, the key is that of a choice and known by its number.
+    CompiledOption* option = constraint.second.as_spelled ? first_option(constraint.second) : nullptr;
+    const auto choice = option != nullptr ? option->find_choice(Name(constraint.text.choice2)) : std::nullopt;
+    if (choice && choice->as_spelled) {
+        for (const x_constraints value : values_) {
+            option->insert_into(index_, choice->number, value);
+        }
+        return;
+    }
+    const ChoiceKey key(field_text(constraint.text.option2), field_text(constraint.text.choice2));
+    for (const x_constraints value : values_) {
+        index_.insert(key.text(), value);
+    }
+}
+
+void ConstraintCompiler::insert_under_active_keys(const Resolved& constraint, bool every_option) {
+    collect_active_keys(constraint, every_option);
+    for (const x_constraints value : values_) {
+        for (const auto& [option, choice] : keys_) {
+            option->insert_into(index_, choice, value);
+        }
+    }
+}
+
+ConstraintCompiler::Resolved ConstraintCompiler::resolve(const ppd_const_t& constraint) {
+    return {constraint, keyword(Name(constraint.option1), last_first_),
+            keyword(Name(constraint.option2), last_second_)};
+}
+
+void ConstraintCompiler::add_if_listed(const ppd_const_t& constraint) {
+    const Resolved resolved = resolve(constraint);
+    if (resolved.first.listed || resolved.second.listed) {
+        add(resolved, constraint.choice1[0] != '\0', constraint.choice2[0] != '\0');
+    }
+}
+
 void ConstraintCompiler::add(const ppd_const_t& constraint, bool choice1_named, bool choice2_named) {
+    add(resolve(constraint), choice1_named, choice2_named);
+}
+
+void ConstraintCompiler::add(const Resolved& constraint, bool choice1_named, bool choice2_named) {
     // Only a constraint without any choice looks past the first option of a keyword.
     const bool every_option = !choice1_named && !choice2_named;
     values_.clear();
@@ -249,17 +306,9 @@ void ConstraintCompiler::add(const ppd_const_t& constraint, bool choice1_named, 
         return;
     }
     if (choice2_named) {
-        const ChoiceKey key(field_text(constraint.option2), field_text(constraint.choice2));
-        for (const x_constraints value : values_) {
-            index_.insert(key.text(), value);
-        }
-        return;
-    }
-    collect_active_keys(constraint, every_option);
-    for (const x_constraints value : values_) {
-        for (const auto& [option, choice] : keys_) {
-            option->insert_into(index_, choice, value);
-        }
+        insert_under_named_key(constraint);
+    } else {
+        insert_under_active_keys(constraint, every_option);
     }
 }
 
@@ -302,9 +351,7 @@ void compile_constraints(const ppd_file_t* ppd, ConstraintIndex* index,
     index->reserve(index->size() + constraints.size());
     ConstraintCompiler compiler(*ppd, *index, keywordList);
     for (const ppd_const_t& constraint : constraints) {
-        if (compiler.concerns(constraint)) {
-            compiler.add(constraint, constraint.choice1[0] != '\0', constraint.choice2[0] != '\0');
-        }
+        compiler.add_if_listed(constraint);
     }
     index->trim();
 }

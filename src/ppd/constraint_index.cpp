@@ -85,19 +85,6 @@ std::uint32_t ConstraintIndex::add_key(std::string_view key, std::uint64_t hash,
     return head = static_cast<std::uint32_t>(keys_.size() - 1);
 }
 
-void ConstraintIndex::add_behind_first(Key& key, x_constraints value) {
-    ++size_;
-    if (key.single) {
-        key.single = false;
-        key.ends[front_] = key.ends[0];
-        key.ends[1 - front_] = value;
-        return;
-    }
-    std::uint32_t& top = key.stacks[front_];
-    nodes_.push_back({value, top});
-    top = static_cast<std::uint32_t>(nodes_.size() - 1);
-}
-
 std::vector<x_constraints> ConstraintIndex::places_in_order(const Key& key) const {
     if (key.single) {
         return {key.ends[0]};
@@ -130,23 +117,10 @@ ConstraintIndex::KeyId ConstraintIndex::insert(std::string_view key, x_constrain
     return KeyId{at};
 }
 
-void ConstraintIndex::insert(KeyId key, x_constraints value) {
-    if (key != kNoKey && size() < kNone) {
-        resize(size() + 1);
-        add_behind_first(keys_[static_cast<std::uint32_t>(key)], value);
-    }
-}
-
-void ConstraintIndex::resize(std::size_t entries) {
-    if (entries > bucket_count()) {
-        const std::size_t buckets = prime_at_or_above(entries);
-        if (buckets > bucket_count()) {
-            rehash(buckets);
-        }
-    }
-}
-
 void ConstraintIndex::rehash(std::size_t buckets) {
+    if (buckets <= bucket_count()) {
+        return; // the list of primes is at its end
+    }
     const std::vector<std::uint32_t> old = std::exchange(heads_, std::vector<std::uint32_t>(buckets, kNone));
     for (std::uint32_t at : old) {
         while (at != kNone) {

@@ -104,7 +104,12 @@ class ConstraintIndex {
     /// Answers the key's id; kNoKey when the index is full.
     KeyId insert(std::string_view key, x_constraints value);
     /// The same insertion for a key known to be here, without looking for it. kNoKey does nothing.
-    void insert(KeyId key, x_constraints value);
+    void insert(KeyId key, x_constraints value) {
+        if (key != kNoKey && size() < kNone) {
+            resize(size() + 1);
+            add_behind_first(keys_[static_cast<std::uint32_t>(key)], value);
+        }
+    }
 
     std::size_t size() const { return size_; }
     bool empty() const { return size_ == 0; }
@@ -113,7 +118,11 @@ class ConstraintIndex {
     std::size_t bucket_count() const { return heads_.size(); }
 
     /// Makes room for that many entries: grows, as told above, when it exceeds the bucket count.
-    void resize(std::size_t entries);
+    void resize(std::size_t entries) {
+        if (entries > bucket_count()) {
+            rehash(prime_at_or_above(entries));
+        }
+    }
     /// Sets memory aside for that many entries; the buckets stay as they are.
     void reserve(std::size_t entries) { nodes_.reserve(entries); }
     /// Removes all entries. The bucket count stays.
@@ -154,7 +163,18 @@ class ConstraintIndex {
     std::vector<x_constraints> places_in_order(const Key& key) const;
     std::uint32_t find(std::string_view key, std::uint64_t hash, std::uint32_t mark) const;
     std::uint32_t add_key(std::string_view key, std::uint64_t hash, std::uint32_t mark, x_constraints first);
-    void add_behind_first(Key& key, x_constraints value);
+    void add_behind_first(Key& key, x_constraints value) {
+        ++size_;
+        if (key.single) {
+            key.single = false;
+            key.ends[front_] = key.ends[0];
+            key.ends[1 - front_] = value;
+            return;
+        }
+        std::uint32_t& top = key.stacks[front_];
+        nodes_.push_back({value, top});
+        top = static_cast<std::uint32_t>(nodes_.size() - 1);
+    }
     void rehash(std::size_t buckets);
 
     std::vector<std::uint32_t> heads_; ///< key at the head of each bucket

@@ -2,8 +2,6 @@
 
 #include <algorithm>
 #include <bit>
-#include <cstring>
-#include <utility>
 
 namespace specialpages {
 
@@ -15,9 +13,21 @@ constexpr char lower(char c) {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
 
-/// Slots for that many names, a quarter of them free at least.
+/// The eight characters of a word, those of A-Z turned into a-z.
+constexpr std::uint64_t lower_eight(std::uint64_t word) {
+    constexpr std::uint64_t kEach = 0x0101010101010101;
+    constexpr std::uint64_t kTop = 0x80 * kEach;
+    const std::uint64_t low = word & ~kTop;
+    const std::uint64_t from_a = low + (0x80 - 'A') * kEach; // top bit of a byte: not below 'A'
+    const std::uint64_t past_z = low + (0x7F - 'Z') * kEach; // top bit of a byte: above 'Z'
+    const std::uint64_t upper = (from_a ^ past_z) & ~word & kTop;
+    return word | upper >> 2;
+}
+static_assert(lower_eight(0x405A6D41FFC15B7A) == 0x407A6D61FFC15B7A);
+
+/// Slots for that many names, half of them free at least.
 std::size_t slots_for(std::size_t names) {
-    return std::bit_ceil(std::max(names + names / 3 + 1, kFewestSlots));
+    return std::bit_ceil(std::max(2 * names, kFewestSlots));
 }
 
 } // namespace
@@ -27,70 +37,63 @@ bool equal_ignoring_case(std::string_view left, std::string_view right) {
                       [](char a, char b) { return lower(a) == lower(b); });
 }
 
-Name::Name(const Bytes& bytes) {
-    std::memcpy(words_.data(), bytes.data(), sizeof words_);
-}
-
-Name Name::exact(std::string_view text) {
-    Bytes bytes{};
+Name::Name(std::string_view text) {
+    std::array<char, sizeof words_> bytes{};
     text.copy(bytes.data(), kMaxBytes);
-    return Name(bytes);
-}
-
-Name Name::folded(std::string_view text) {
-    Bytes bytes{};
-    text.copy(bytes.data(), kMaxBytes);
-    std::transform(bytes.begin(), bytes.end(), bytes.begin(), lower);
-    return Name(bytes);
-}
-
-std::uint64_t Name::hash() const {
-    constexpr std::uint64_t kMultiplier = 0x9E3779B97F4A7C15;
-    std::uint64_t mixed = 0;
-    for (const std::uint64_t word : words_) {
-        if (word == 0) {
-            break;
-        }
-        mixed = (mixed ^ word) * kMultiplier;
-        mixed ^= mixed >> 32;
+    for (std::size_t i = 0; i < words_.size(); ++i) {
+        words_[i] = word_at(bytes.data() + i * sizeof(std::uint64_t));
     }
-    return mixed;
 }
 
-NameTable::NameTable(std::size_t expected) : slots_(slots_for(expected)) {}
-
-std::size_t NameTable::place(const Name& name) const {
-    const std::size_t mask = slots_.size() - 1;
-    std::size_t at = name.hash() & mask;
-    while (slots_[at].used && slots_[at].name != name) {
-        at = (at + 1) & mask;
+bool Name::equals_ignoring_case(const Name& other) const {
+    std::size_t i = 0;
+    while (i + 1 < words_.size() && lower_eight(words_[i]) == lower_eight(other.words_[i]) &&
+           words_[i] != 0) {
+        ++i;
     }
-    return at;
+    return lower_eight(words_[i]) == lower_eight(other.words_[i]);
+}
+
+NameTable::NameTable(NameCase name_case, std::size_t expected)
+    : name_case_(name_case), slots_(slots_for(expected)) {
+    entries_.reserve(expected);
 }
 
 std::uint32_t NameTable::add(const Name& name, std::uint32_t number) {
-    if (slots_for(used_ + 1) > slots_.size()) {
+    if (slots_for(entries_.size() + 1) > slots_.size()) {
         resize(2 * slots_.size());
     }
-    Slot& slot = slots_[place(name)];
-    if (!slot.used) {
-        slot = {name, number, true};
-        ++used_;
+    const std::uint64_t hash = name.hash();
+    Slot& slot = slots_[place(name, hash).slot];
+    if (slot.entry == kFree) {
+        slot = {upper_half(hash), static_cast<std::uint32_t>(entries_.size())};
+        const auto& words = name.words_;
+        std::uint32_t tail = kNoTail;
+        if (words[2] != 0) {
+            tail = static_cast<std::uint32_t>(tails_.size());
+            tails_.push_back({words[2], words[3], words[4], words[5]});
+        }
+        entries_.push_back({{words[0], words[1]}, tail, number});
     }
-    return slot.number;
+    return entries_[slot.entry].number;
 }
 
-std::optional<std::uint32_t> NameTable::find(const Name& name) const {
-    const Slot& slot = slots_[place(name)];
-    return slot.used ? std::optional(slot.number) : std::nullopt;
+Name NameTable::name_of(const Entry& entry) const {
+    Name name;
+    const auto rest = std::copy(entry.head.begin(), entry.head.end(), name.words_.begin());
+    if (entry.tail != kNoTail) {
+        std::copy(tails_[entry.tail].begin(), tails_[entry.tail].end(), rest);
+    }
+    return name;
 }
 
 void NameTable::resize(std::size_t slots) {
-    const std::vector<Slot> old = std::exchange(slots_, std::vector<Slot>(slots));
-    for (const Slot& slot : old) {
-        if (slot.used) {
-            slots_[place(slot.name)] = slot;
-        }
+    slots_.assign(slots, Slot());
+    std::uint32_t number = 0;
+    for (const Entry& entry : entries_) {
+        const Name name = name_of(entry);
+        const std::uint64_t hash = name.hash();
+        slots_[place(name, hash).slot] = {upper_half(hash), number++};
     }
 }
 

@@ -1,5 +1,6 @@
 #include "index_entries.h"
 #include "open_ppd.h"
+#include "platform/foundation/numbers.h"
 #include "platform/foundation/system_version.h"
 #include "ppd/CQuickXPPD.h"
 #include "ppd/ppd_access.h"
@@ -11,6 +12,7 @@
 #include <rapidcheck.h>
 #include <rapidcheck/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <filesystem>
 #include <locale>
@@ -212,6 +214,101 @@ TEST(CacheReading, MakesTheSameTableAsInsertingOneByOne) {
     const auto index = read_section(section_file(data));
     EXPECT_EQ(index.bucket_count(), 1543U);
     EXPECT_EQ(ordered_entries(index), ordered_entries(expected));
+}
+
+/// The entries of a data line, by the format's description: field by field, without a look ahead.
+std::vector<EntryText> entries_field_by_field(std::string_view line) {
+    ConstraintIndex index;
+    std::string rest(line);
+    std::string_view source = rest;
+    std::array<std::string, 4> fields;
+    const auto take = [&source](std::string& field) {
+        field.clear();
+        return CQuickXPPD::getoneline(&source, &field, '@');
+    };
+    const auto position = [](const std::string& field) {
+        return static_cast<std::uint16_t>(platform::int_value(field));
+    };
+    while (std::all_of(fields.begin(), fields.end(), take)) {
+        if (!fields[0].empty()) {
+            index.insert(fields[0], {position(fields[1]), position(fields[2]), position(fields[3])});
+        }
+    }
+    return ordered_entries(index);
+}
+
+TEST(CacheReading, NumbersOfEveryLengthAreReadWherever) {
+    std::string data;
+    for (const std::string group : {"0", "9", "10", "", "x", "-1"}) {
+        for (const std::string option :
+             {"7", "42", "999", "1234", "9999", "10000", "65535", "", "1:", "/1"}) {
+            for (const std::string choice : {"0", "99", "100", "9998", "12345", "", "3a", "0000000000017"}) {
+                data += "Option:Choice@" + group + "@" + option + "@" + choice + "@";
+            }
+        }
+    }
+    // Whatever is behind an entry: the last ones stand at the end of the text.
+    for (std::size_t size = data.size(); size > data.size() - 60; --size) {
+        const std::string head = data.substr(0, size);
+        ASSERT_EQ(ordered_entries(read_section(section_file(head))), entries_field_by_field(head)) << size;
+    }
+    EXPECT_EQ(read_section(section_file(data)).size(), 480U);
+}
+
+TEST(CacheReading, KeysThatBeginAlikeAreDifferentKeys) {
+    EXPECT_THAT(ordered_entries(read_section(
+                    section_file("MediaType:Plain@1@2@3@MediaType:Plain1@1@2@4@MediaType:Plaid@1@2@5@"
+                                 "MediaType:Plai@1@2@6@MediaType:Plain@1@2@7@"))),
+                testing::UnorderedElementsAre(
+                    EntryText("MediaType:Plain", "1.2.3"), EntryText("MediaType:Plain", "1.2.7"),
+                    EntryText("MediaType:Plain1", "1.2.4"), EntryText("MediaType:Plaid", "1.2.5"),
+                    EntryText("MediaType:Plai", "1.2.6")));
+}
+
+TEST(CacheReading, EntriesAreWholeWhereverTheLineIsCutForReading) {
+    // The reader looks at some kilobytes at a time; a head of any length moves its cuts through the entries.
+    std::string data;
+    for (int i = 0; data.size() < 70'000; ++i) {
+        data += "Option" + std::to_string(i / 9) + ":x@" + std::to_string(i % 7) + "@" +
+                std::to_string(i % 150) + "@" + std::to_string(i % 20) + "@";
+    }
+    for (std::size_t head = 1; head < 40; ++head) {
+        const std::string line = std::string(head, 'h') + ":x@1@2@3@" + data;
+        ASSERT_EQ(ordered_entries(read_section(section_file(line))), entries_field_by_field(line)) << head;
+    }
+}
+
+TEST(CacheReading, AKeyMayBeLongerThanWhatIsLookedAtAtATime) {
+    for (const std::size_t size : {16'382U, 16'383U, 16'384U, 16'385U, 100'000U}) {
+        const std::string key(size, 'k');
+        const auto index = read_section(section_file("A:x@1@2@3@" + key + "@4@5@6@" + key + "@7@8@9@"));
+        EXPECT_THAT(sorted_entries(index),
+                    ElementsAre(EntryText("A:x", "1.2.3"), EntryText(key, "4.5.6"), EntryText(key, "7.8.9")))
+            << size;
+    }
+}
+
+TEST(CacheReading, AnEndlessFieldIsNoEntry) {
+    EXPECT_TRUE(read_section(section_file(std::string(200'000, 'k'))).empty());
+    EXPECT_EQ(read_section(section_file("A:x@1@2@3@A:x@1@2@" + std::string(200'000, '1'))).size(), 1U);
+}
+
+TEST(CacheReading, TheNextObjectReadsOnBehindTheLine) {
+    std::string data;
+    while (data.size() < 40'000) {
+        data += "A:x@1@2@3@";
+    }
+    std::istringstream stream("First\n" + data + "\nSecond\nB:y@4@5@6@\nstamp");
+    ConstraintIndex first;
+    ConstraintIndex second;
+    CQuickXPPD first_reader(&first, "First");
+    CQuickXPPD second_reader(&second, "Second");
+    stream >> first_reader >> second_reader;
+    EXPECT_EQ(first.size(), 4000U);
+    EXPECT_THAT(sorted_entries(second), ElementsAre(EntryText("B:y", "4.5.6")));
+    std::string rest;
+    std::getline(stream, rest);
+    EXPECT_EQ(rest, "stamp");
 }
 
 TEST(CacheReading, AStreamThatIsNotGoodIsLeftAlone) {
