@@ -12,9 +12,11 @@ namespace specialpages::cli {
 
 struct ApplyOptions {
     PaneOptions pane;
+    std::optional<std::string> job; ///< what to enter through the dialogs
     std::string out = kStandardStream;
 };
-/// Restores the pane from the settings, prints, and writes the settings.
+/// Restores the pane from the settings, enters the job, prints, and writes the settings. Nothing is written
+/// when an entry of the job is refused.
 void apply_command(const ApplyOptions& options, Streams streams);
 
 struct ShowOptions {

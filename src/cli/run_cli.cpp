@@ -52,6 +52,10 @@ void add_apply(CLI::App& app, ApplyOptions& options) {
         "apply", "Restores the pane from print settings, prints, and writes the job's settings");
     command.add_option("--ppd", options.pane.ppd, kPpdHelp)->type_name("FILE")->required();
     command.add_option("--settings", options.pane.settings, kSettingsHelp)->type_name("IN");
+    command
+        .add_option("--job", options.job,
+                    "Covers, inserts and exceptions to declare, JSON (-: standard input)")
+        ->type_name("JOB");
     add_marks(command, options.pane);
     command.add_option("--printer", options.pane.printer, "Identifier of the printer (default: its model)")
         ->type_name("ID");
