@@ -29,7 +29,7 @@ struct EntryPlace {
     EntryPlace at(std::string_view member) const {
         return {file, entry.empty() ? std::string(member) : entry + "." + std::string(member)};
     }
-    std::string text() const { return file + ", " + entry; }
+    std::string text() const { return entry.empty() ? file : file + ", " + entry; }
 };
 
 class DialogFace final : public platform::ApplicationFace {

@@ -45,6 +45,16 @@ struct ConstraintsOptions {
 /// index as a cache file. HostError for a choice that the PPD does not have.
 void constraints_command(const ConstraintsOptions& options, Streams streams);
 
+struct MenusOptions {
+    PaneOptions pane;
+    std::string window = "covers"; ///< covers, inserts or exceptions
+    std::string select;            ///< "size=KEYWORD,color=KEYWORD,type=KEYWORD", each part optional
+    bool json = false;
+};
+/// What a person sees in the paper menu of that window with that selection: every item, whether it is allowed
+/// and, when it is not, which choice forbids it. HostError for a selection that the pane does not allow.
+void menus_command(const MenusOptions& options, Streams streams);
+
 /// The line protocol, until `quit` or the end of input.
 void drive_command(const PaneOptions& options, Streams streams);
 

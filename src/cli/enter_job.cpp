@@ -1,6 +1,5 @@
 #include "cli/enter_job.h"
 
-#include "cli/DialogFace.h"
 #include "cli/pane_tags.h"
 #include "host/HostError.h"
 #include "platform/toolkit/PopUpButton.h"
@@ -61,15 +60,7 @@ void enter_paper(platform::Window& dialog, std::int32_t menuTag, const std::opti
         throw HostError(ErrorCode::refused, place.at("width").text(),
                         "the pane has no window for the measures of a custom size");
     }
-    const std::array<std::pair<const std::optional<std::string>*, std::string_view>, 3> parts{
-        {{&paper->size, "size"}, {&paper->color, "color"}, {&paper->type, "type"}}};
-    std::int64_t position = kSizeItem;
-    for (const auto& [keyword, name] : parts) {
-        if (*keyword) {
-            choose_part(dialog, menuTag, position, **keyword, place.at(name));
-        }
-        ++position;
-    }
+    enter_paper_parts(dialog, menuTag, *paper, place);
 }
 
 struct SideTags {
@@ -153,6 +144,19 @@ void enter_exception(DialogFace& face, const JobException& exception, const std:
 }
 
 } // namespace
+
+void enter_paper_parts(platform::Window& dialog, std::int32_t menuTag, const JobPaper& paper,
+                       const EntryPlace& place) {
+    const std::array<std::pair<const std::optional<std::string>*, std::string_view>, 3> parts{
+        {{&paper.size, "size"}, {&paper.color, "color"}, {&paper.type, "type"}}};
+    std::int64_t position = kSizeItem;
+    for (const auto& [keyword, name] : parts) {
+        if (*keyword) {
+            choose_part(dialog, menuTag, position, **keyword, place.at(name));
+        }
+        ++position;
+    }
+}
 
 void enter_job(const Job& job, const std::string& file, platform::Window& main) {
     DialogFace face(main);
