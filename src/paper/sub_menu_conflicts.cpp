@@ -47,6 +47,18 @@ SidednessList* SPSubMenuListCtrlEMF::sidednessList() const {
                : dynamic_cast<SidednessList*>(ctrlParentPanelPtr->GetPanelControl(*duplexControlIDPtr));
 }
 
+PaperMenuChoices SPSubMenuListCtrlEMF::menuChoices() const {
+    PaperMenuChoices all;
+    for (const PaperPart part : kPaperParts) {
+        const platform::Menu* menu = getSubMenuRef(static_cast<std::int64_t>(part));
+        for (std::size_t i = 1; menu != nullptr && i < menu->numberOfItems(); ++i) {
+            const auto& object = menu->itemAtIndex(static_cast<std::int64_t>(i))->representedObject();
+            all[part_index(part)].push_back(object ? std::string_view(*object) : std::string_view());
+        }
+    }
+    return all;
+}
+
 SPSubMenuListCtrlEMF::Surroundings SPSubMenuListCtrlEMF::surroundings(ppd_file_s* ppd) const {
     Surroundings around;
     around.ppd = ppd;
@@ -68,13 +80,8 @@ SPSubMenuListCtrlEMF::Surroundings SPSubMenuListCtrlEMF::surroundings(ppd_file_s
     situation.optionKeys = ppdKeyArray;
     situation.selections = currentSelectionArray;
     situation.records = around.records;
-    for (const PaperPart part : kPaperParts) {
-        const platform::Menu* menu = getSubMenuRef(static_cast<std::int64_t>(part));
-        auto& choices = situation.menuChoices[part_index(part)];
-        for (std::size_t i = 1; menu != nullptr && i < menu->numberOfItems(); ++i) {
-            const auto& object = menu->itemAtIndex(static_cast<std::int64_t>(i))->representedObject();
-            choices.push_back(object ? std::string_view(*object) : std::string_view());
-        }
+    if (!around.records.empty()) {
+        situation.menuChoices = menuChoices();
     }
     if (const SidednessList* sidedness = sidednessList()) {
         situation.sidedness = Sidedness{sidedness->getCurrentDuplexArray(), sidedness->duplexChoiceTable()};
