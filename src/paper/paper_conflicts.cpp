@@ -156,8 +156,8 @@ void PaperConflicts::test_sidedness(const PaperSituation& situation, bool isNoCh
     FirstTimes fresh(situation.sidedness->byRecord.size());
     for (const SelectedPaper& record : situation.records) {
         if (fresh.take(record.twoSidePrint)) {
-            for (const char* choice :
-                 *duplex_choices_at(situation.sidedness->byRecord, record.twoSidePrint)) {
+            const auto side = static_cast<std::size_t>(record.twoSidePrint);
+            for (const char* choice : situation.sidedness->byRecord[side]) {
                 test(kPPDDuplex, choice);
             }
         }
