@@ -89,7 +89,7 @@ void SPCoversSelectPaperListCtrlEMF::doPrintingOptionsConstraint() {
     if (window == nullptr) {
         return;
     }
-    const auto follow = [](SPCoversWinListCtrlEMF* list, const SPCoversSelectPaperListCtrlEMF* menu) {
+    const auto follow = [](SPCoversWinListCtrlEMF* list, const SPSelectPaperListCtrlEMF* menu) {
         if (list != nullptr && menu != nullptr) {
             list->doConstraintWithInterposer(menu->getInterPoser());
         }
