@@ -97,7 +97,6 @@ void check_pieces(const std::string& text) {
     check(text.ends_with(filtered) && !filtered.starts_with('0'));
     check(leading_integer(text).consumed <= text.size());
     check(getIntFromString(text) >= 0);
-    check(!ExistNumericString(text) || text.find_first_of("0123456789") != std::string::npos);
 }
 
 void check_attributes(const std::vector<std::string>& lines) {

@@ -35,7 +35,7 @@ RequestError unexpected(const char* name, const char* expected) {
 }
 
 /// Texts that print settings carry: U+0000 ends a text on its way to the printer.
-std::string carried(const std::string& text, const char* name) {
+const std::string& carried(const std::string& text, const char* name) {
     if (text.find('\0') != std::string::npos) {
         throw unexpected(name, "a text without U+0000");
     }
@@ -93,6 +93,19 @@ std::int32_t DriveRequest::integer(const char* name) const {
         throw unexpected(name, kExpected);
     }
     return value.get<std::int32_t>();
+}
+
+std::optional<std::int32_t> DriveRequest::optionalInteger(const char* name) const {
+    return find(name) == nullptr ? std::nullopt : std::optional(integer(name));
+}
+
+const std::string& DriveRequest::typed(const char* name) const {
+    const std::string& keys = carried(text(name), name);
+    if (keys.size() > kMaxTypedBytes) {
+        throw RequestError("\"" + std::string(name) + "\": expected a text of at most " +
+                           std::to_string(kMaxTypedBytes) + " bytes");
+    }
+    return keys;
 }
 
 platform::RowSet DriveRequest::rows(const char* name) const {

@@ -19,6 +19,9 @@ namespace specialpages::cli {
 inline constexpr std::size_t kMaxRequestBytes = std::size_t{1024} * 1024;
 inline constexpr int kMaxRequestDepth = 16;
 
+/// Longest text that is typed, in bytes: typing goes key by key, and each key weighs the whole text.
+inline constexpr std::size_t kMaxTypedBytes = std::size_t{64} * 1024;
+
 /// Why a request is not carried out, as the answer's "error" says it.
 class RequestError : public std::runtime_error {
   public:
@@ -36,6 +39,10 @@ class DriveRequest {
     /// The members; RequestError when one is missing or of another kind.
     const std::string& text(const char* name) const;
     std::int32_t integer(const char* name) const;
+    /// Empty optional without such a member; null is one, of another kind.
+    std::optional<std::int32_t> optionalInteger(const char* name) const;
+    /// A text that can be typed: at most kMaxTypedBytes, and without U+0000, which no key has.
+    const std::string& typed(const char* name) const;
     platform::RowSet rows(const char* name) const;
     /// A text or array of texts; empty optional for null.
     std::optional<platform::SettingsValue> setting(const char* name) const;

@@ -5,11 +5,16 @@
 #include "cli/streams.h"
 #include "host/HostError.h"
 #include "platform/toolkit/Button.h"
+#include "platform/toolkit/PopUpButton.h"
+#include "platform/toolkit/Stepper.h"
 #include "platform/toolkit/TableView.h"
+#include "platform/toolkit/TextField.h"
 
 #include <array>
 #include <istream>
 #include <ostream>
+#include <span>
+#include <string_view>
 #include <utility>
 
 namespace specialpages::cli {
@@ -28,14 +33,58 @@ std::string described(const platform::View& view) {
     return std::string(class_word(view.kind())) + " " + std::to_string(view.tag());
 }
 
+constexpr const char* kExpectedField = "a field";
+
+RequestError unexpected(const platform::View& view, const char* expected) {
+    return RequestError(described(view) + ": expected " + expected);
+}
+
 /// The view as one of its kind; RequestError when it is of another.
 template <class Kind>
 Kind& as(platform::View& view, const char* expected) {
     auto* const cast = dynamic_cast<Kind*>(&view);
     if (cast == nullptr) {
-        throw RequestError(described(view) + ": expected " + expected);
+        throw unexpected(view, expected);
     }
     return *cast;
+}
+
+/// What a user's event answered; RequestError when the view did not take it.
+void took_event(const platform::View& view, bool taken) {
+    if (!taken) {
+        throw RequestError(described(view) + ": it takes no events now");
+    }
+}
+
+/// RequestError unless the user could pick the item at the path: a position in the menu, then in the sub-menu
+/// of the item there. It names the item at which the path breaks off.
+void check_path(const platform::PopUpButton& popup, std::span<const std::int64_t> path) {
+    std::string place = described(popup);
+    const platform::Menu* menu = &popup.menu();
+    for (const std::int64_t position : path) {
+        if (menu == nullptr) {
+            throw RequestError(place + ": it has no sub-menu");
+        }
+        const platform::MenuItem* const item = menu->itemAtIndex(position);
+        if (item == nullptr) {
+            throw RequestError(place + ": no item " + std::to_string(position) + ", it has " +
+                               std::to_string(menu->numberOfItems()) + " items");
+        }
+        place += ": item " + std::to_string(position);
+        if (item->isHidden()) {
+            throw RequestError(place + ": hidden");
+        }
+        if (!item->isEnabled()) {
+            throw RequestError(place + ": disabled");
+        }
+        if (item->isSeparator()) {
+            throw RequestError(place + ": it is a separator");
+        }
+        menu = item->submenu();
+    }
+    if (menu != nullptr) {
+        throw RequestError(place + ": it opens a sub-menu");
+    }
 }
 
 } // namespace
@@ -116,32 +165,33 @@ void DriveSession::handle(const std::string& line, bool cut) {
 }
 
 ordered_json DriveSession::perform(const DriveRequest& request) {
+    using Act = void (DriveSession::*)(const DriveRequest&);
+    constexpr std::array<std::pair<std::string_view, Act>, 9> kActs{{
+        {"press", &DriveSession::press},
+        {"choose", &DriveSession::choose},
+        {"type", &DriveSession::type},
+        {"step", &DriveSession::step},
+        {"selectRows", &DriveSession::selectRows},
+        {"doubleClick", &DriveSession::doubleClick},
+        {"mark", &DriveSession::mark},
+        {"setting", &DriveSession::setting},
+        {"quit", &DriveSession::quit},
+    }};
     const std::string& what = request.text("do");
+    for (const auto& [word, act] : kActs) {
+        if (word == what) {
+            (this->*act)(request);
+            return no_result();
+        }
+    }
     if (what == "host") {
         return callHost(request.text("call"));
-    }
-    if (what == "press") {
-        return press(request);
-    }
-    if (what == "selectRows") {
-        return selectRows(request);
-    }
-    if (what == "mark") {
-        host_.mark(request.text("option"), request.text("choice"));
-        return no_result();
-    }
-    if (what == "setting") {
-        return setting(request);
     }
     if (what == "state") {
         return window_state(frontWindow());
     }
     if (what == "settings") {
         return settings();
-    }
-    if (what == "quit") {
-        ended_ = true;
-        return no_result();
     }
     throw RequestError("\"do\": unknown request \"" + what + "\"");
 }
@@ -177,28 +227,55 @@ ordered_json DriveSession::callHost(const std::string& call) {
     throw RequestError("\"call\": unknown call \"" + call + "\"");
 }
 
-ordered_json DriveSession::press(const DriveRequest& request) {
+void DriveSession::press(const DriveRequest& request) {
     auto& button = as<platform::Button>(view(request), "a button or radio");
-    if (!button.click()) {
-        throw RequestError(described(button) + ": it takes no events now");
-    }
-    return no_result();
+    took_event(button, button.click());
 }
 
-ordered_json DriveSession::selectRows(const DriveRequest& request) {
+void DriveSession::choose(const DriveRequest& request) {
+    auto& popup = as<platform::PopUpButton>(view(request), "a popup");
+    std::vector<std::int64_t> path;
+    if (const auto menu = request.optionalInteger("menu")) {
+        path.push_back(*menu);
+    }
+    path.push_back(request.integer("item"));
+    check_path(popup, path);
+    took_event(popup, popup.pick(path));
+}
+
+void DriveSession::type(const DriveRequest& request) {
+    auto& field = as<platform::TextField>(view(request), kExpectedField);
+    if (field.kind() != platform::ViewKind::textField) {
+        throw unexpected(field, kExpectedField);
+    }
+    took_event(field, field.type(request.typed("text")));
+}
+
+void DriveSession::step(const DriveRequest& request) {
+    auto& stepper = as<platform::Stepper>(view(request), "a stepper");
+    took_event(stepper, stepper.step(request.integer("value")));
+}
+
+void DriveSession::selectRows(const DriveRequest& request) {
     auto& table = as<platform::TableView>(view(request), "a table");
     const platform::RowSet rows = request.rows("rows");
     if (!rows.empty() && *rows.rbegin() >= table.numberOfRows()) {
         throw RequestError(described(table) + ": no row " + std::to_string(*rows.rbegin()) + ", it has " +
                            std::to_string(table.numberOfRows()) + " rows");
     }
-    if (!table.userSelects(rows)) {
-        throw RequestError(described(table) + ": it takes no events now");
-    }
-    return no_result();
+    took_event(table, table.userSelects(rows));
 }
 
-ordered_json DriveSession::setting(const DriveRequest& request) {
+void DriveSession::doubleClick(const DriveRequest& request) {
+    auto& table = as<platform::TableView>(view(request), "a table");
+    took_event(table, table.doubleClick());
+}
+
+void DriveSession::mark(const DriveRequest& request) {
+    host_.mark(request.text("option"), request.text("choice"));
+}
+
+void DriveSession::setting(const DriveRequest& request) {
     const std::string& key = request.text("key");
     auto value = request.setting("value");
     if (key.empty() || key.find('\0') != std::string::npos) {
@@ -209,7 +286,10 @@ ordered_json DriveSession::setting(const DriveRequest& request) {
     } else {
         host_.settings().remove(key);
     }
-    return no_result();
+}
+
+void DriveSession::quit(const DriveRequest& /*request*/) {
+    ended_ = true;
 }
 
 ordered_json DriveSession::settings() const {

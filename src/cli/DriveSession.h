@@ -56,9 +56,15 @@ class DriveSession final : public platform::ApplicationFace {
     nlohmann::ordered_json callHost(const std::string& call);
     void answer();
 
-    nlohmann::ordered_json press(const DriveRequest& request);
-    nlohmann::ordered_json selectRows(const DriveRequest& request);
-    nlohmann::ordered_json setting(const DriveRequest& request);
+    void press(const DriveRequest& request);
+    void choose(const DriveRequest& request);
+    void type(const DriveRequest& request);
+    void step(const DriveRequest& request);
+    void selectRows(const DriveRequest& request);
+    void doubleClick(const DriveRequest& request);
+    void mark(const DriveRequest& request);
+    void setting(const DriveRequest& request);
+    void quit(const DriveRequest& request);
     nlohmann::ordered_json settings() const;
     /// The view with the request's "tag" in the front window; RequestError when it is missing, hidden or
     /// disabled.

@@ -37,8 +37,9 @@ ArrayFromPPDOption(const ppd_option_t* option) {
         return std::nullopt;
     }
     std::vector<std::shared_ptr<PDEChoiceEMFSpecialPages>> choices;
-    choices.reserve(static_cast<std::size_t>(std::max(option->num_choices, 0)));
-    for (int i = 0; i < option->num_choices; ++i) {
+    const int count = option->choices == nullptr ? 0 : std::max(option->num_choices, 0);
+    choices.reserve(static_cast<std::size_t>(count));
+    for (int i = 0; i < count; ++i) {
         choices.push_back(PDEChoiceEMFSpecialPages::choiceWithChoice(&option->choices[i]));
     }
     return choices;

@@ -286,10 +286,6 @@ void AddNoRepeatStrToArray(std::vector<std::string>* array, std::optional<std::s
     }
 }
 
-bool ExistNumericString(std::string_view text) {
-    return text.find_first_of("123456789") != std::string_view::npos;
-}
-
 std::optional<std::string> GetAppResourceNameNS(std::optional<std::string_view> text, std::int32_t which) {
     return GetAppResourceName(text, which);
 }

@@ -97,8 +97,6 @@ std::int32_t FindPPDKeyPairsMatch(std::span<const std::pair<std::string, std::st
                                   std::string_view key, std::string_view value);
 /// Appends the text unless it is there.
 void AddNoRepeatStrToArray(std::vector<std::string>* array, std::optional<std::string_view> text);
-/// Whether one of the digits 1 to 9 stands in the text ("0" alone is not numeric here).
-bool ExistNumericString(std::string_view text);
 /// The text before (`which` 0) or after (1) the first "-"; null when there is none.
 std::optional<std::string> GetAppResourceNameNS(std::optional<std::string_view> text, std::int32_t which);
 

@@ -29,16 +29,36 @@ std::optional<std::string> GetAppResourceName(std::optional<std::string_view> te
 std::optional<std::string> GetAppFullResourceName(const std::optional<std::string>& name, std::int32_t kind,
                                                   std::string_view first, std::string_view second);
 
+/// The text as a text of its own: at most kMaxCopiedTextBytes of it, cut at a character boundary, and up to
+/// its first zero byte. Null for a null text and for one that is not UTF-8.
+std::optional<std::string> NSStringCreateWithCFString(std::optional<std::string_view> text);
+inline constexpr std::size_t kMaxCopiedTextBytes = 255;
+
 /// Registers the help book of the pane's bundle. fnfErr when the bundle is not loaded or has no help;
 /// otherwise the help viewer's status.
 platform::OSStatus RegisterMyHelpBook();
 
-/// Longest name of a help book, in bytes; a longer one is cut at a character boundary.
-inline constexpr std::size_t kMaxHelpBookNameBytes = 255;
+/// The same for any bundle (may be null), and nobody hears how it went.
+void RegisterHelpBook(const platform::Bundle* bundle);
+
+/// Takes a stale registration out of the user's help preferences (platform::help_preferences_file()): the
+/// book of that identifier, when the first place of it is inside of a language folder (its "url" holds
+/// ".lproj"), and every mention of it in the order of registration. Any other book stays, and so does
+/// everything without a file. The file is written whole or not at all. One that is no property list with a
+/// dictionary at its top stays as it is, and "Illegal Property List." is logged; one that cannot be written
+/// is logged too.
+void RemoveHelpCacheForBundleID(std::optional<std::string_view> identifier);
+
+/// Longest key of a help book's name that is looked up, in bytes; of a longer one the head.
+inline constexpr std::size_t kMaxHelpBookKeyBytes = 255;
 
 /// Opens a page of the bundle's help book at the anchor (may be empty). The book's name is the localised text
 /// of `bookTitleKey`. fnfErr for a null bundle; otherwise the help viewer's status.
 platform::OSStatus GotoHelpPage(const platform::Bundle* bundle, std::string_view page,
                                 std::string_view anchor, std::string_view bookTitleKey);
+
+/// The same for a bundle that names its help book itself, under "CFBundleHelpBookName" of its Info.plist.
+/// Nothing for a null bundle and for one without such a text.
+void GotoHelpPage(const platform::Bundle* bundle, std::string_view page, std::string_view anchor);
 
 } // namespace specialpages

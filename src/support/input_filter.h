@@ -1,9 +1,10 @@
 // What may be typed: sets of UTF-16 units as ranges of codes, the table that every editable field has, and
 // the checks over it. Plain functions without state; none shows a message (the table carries the key of the
-// one that its control shows). Texts are UTF-8; an ill-formed text is refused by every check that has a set,
-// and holds no spaces and no digits.
+// one that its control shows). Texts are UTF-8, and the byte checks alone take any bytes: an ill-formed text
+// is refused by every other check that has a set, and holds no spaces, no digits and no units.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <span>
 #include <string>
@@ -32,8 +33,8 @@ struct TextEditFilterData {
 /// marks (U+FF9E, U+FF9F) and the units before the mark lie in the set; the mark itself is not looked up.
 bool validateInput(std::string_view text, const TextEditFilterData& filter);
 
-/// The same unit by unit: a half-width mark gets no special treatment and a surrogate is a code like any
-/// other.
+/// The same for UTF-16 units, one by one: a half-width mark gets no special treatment and a surrogate is a
+/// code like any other.
 bool validateInputForUTF8(std::string_view text, const TextEditFilterData& filter);
 
 /// Whether every byte lies in the byte set, compared with the low bytes of its bounds. An empty text is
@@ -56,8 +57,9 @@ std::u16string RemoveAllSpaces(std::string_view text);
 bool ExistNumericString(std::string_view text);
 
 /// The boundary between composed characters for an editing location in UTF-16 units: a location at a boundary
-/// gives itself, one inside a character the end of the character that follows it. 0 gives 0; a location past
-/// the end gives the end.
+/// gives itself, one inside a character the end of the character that follows it (not of its own). 0 gives 0;
+/// a location past the end gives the end, as one inside the last character does; a negative one gives the end
+/// of the first character.
 std::int32_t getOldLocationlength(std::string_view text, std::int32_t location);
 
 extern const TextEditFilterData SPCustomSizeWidthMMFilterData;

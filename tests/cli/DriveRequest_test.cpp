@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -95,6 +96,32 @@ TEST(DriveRequest, AMissingOrWrongMemberIsNamed) {
                   "\"" + std::string(name) + "\": expected a text, an array of texts, or null");
     }
     EXPECT_EQ(refusal([&] { (void)request.setting("zero"); }), "\"zero\": expected a text without U+0000");
+}
+
+TEST(DriveRequest, AnOptionalNumberMayBeMissingAndNothingElse) {
+    const auto request =
+        DriveRequest::parse(R"({"zero":0,"low":-2147483648,"null":null,"text":"1","big":2147483648})");
+    EXPECT_EQ(request.optionalInteger("none"), std::nullopt);
+    EXPECT_EQ(request.optionalInteger("zero"), 0);
+    EXPECT_EQ(request.optionalInteger("low"), -2147483647 - 1);
+    for (const char* const name : {"null", "text", "big"}) {
+        EXPECT_EQ(refusal([&] { (void)request.optionalInteger(name); }),
+                  "\"" + std::string(name) + "\": expected an integer of 32 bits");
+    }
+}
+
+TEST(DriveRequest, ATypedTextIsBoundedAndHasNoZero) {
+    const auto request =
+        DriveRequest::parse(R"({"empty":"","plain":"3,7-9","zero":"a\u0000b","one":1,"full":")" +
+                            std::string(65536, 'x') + R"(","over":")" + std::string(65537, 'x') + R"("})");
+    EXPECT_EQ(request.typed("empty"), "");
+    EXPECT_EQ(request.typed("plain"), "3,7-9");
+    EXPECT_EQ(request.typed("full").size(), 65536U);
+    EXPECT_EQ(refusal([&] { (void)request.typed("over"); }),
+              "\"over\": expected a text of at most 65536 bytes");
+    EXPECT_EQ(refusal([&] { (void)request.typed("zero"); }), "\"zero\": expected a text without U+0000");
+    EXPECT_EQ(refusal([&] { (void)request.typed("one"); }), "\"one\": expected a text");
+    EXPECT_EQ(refusal([&] { (void)request.typed("none"); }), "\"none\": expected a text");
 }
 
 } // namespace

@@ -221,6 +221,18 @@ TEST_F(PaneCommands, DriveRefusesAButtonThatIsDisabled) {
     EXPECT_EQ(answers[1].dump(), R"({"ok":false,"error":"button 106: disabled"})");
 }
 
+TEST_F(PaneCommands, DriveDoubleClicksBelowTheRowsWithoutADialog) {
+    const auto answers =
+        drive({"--settings", kThreeRecords},
+              {R"({"do":"host","call":"restore"})", R"({"do":"doubleClick","tag":104})",
+               R"({"do":"choose","tag":104,"item":0})", R"({"do":"type","tag":104,"text":""})",
+               R"({"do":"step","tag":104,"value":0})"});
+    EXPECT_EQ(answers[1].dump(), R"({"ok":true,"window":"pane","alerts":[],"beeps":0})");
+    EXPECT_EQ(answers[2].dump(), R"({"ok":false,"error":"table 104: expected a popup"})");
+    EXPECT_EQ(answers[3].dump(), R"({"ok":false,"error":"table 104: expected a field"})");
+    EXPECT_EQ(answers[4].dump(), R"({"ok":false,"error":"table 104: expected a stepper"})");
+}
+
 TEST_F(PaneCommands, LogLinesAreShownOnlyOnRequest) {
     const std::vector<std::string> arguments{"apply", "--ppd", kPpd, "--settings", kThreeRecords};
     const Ran quiet = run(arguments);

@@ -7,7 +7,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <memory>
+#include <string>
+#include <vector>
 
 namespace specialpages::test {
 namespace {
@@ -290,6 +293,229 @@ TEST(PopupControl, AsksThePanelsIndexForConflicts) {
     EXPECT_TRUE(list.isChoiceConflicted("B:y", "A", "x", ppd.file()));
     EXPECT_FALSE(list.isChoiceConflicted("B:y", "A", "w", ppd.file()));
     EXPECT_FALSE(list.isChoiceConflicted("A:x", "B", "y", ppd.file()));
+}
+
+// Every step with a piece missing.
+
+TEST(PopupControl, WithoutBlocksAnswersFalseOrNull) {
+    platform::PopUpButton view;
+    view.addItemWithTitle("a");
+    PopupControlEMFSpecialPages list;
+    list.CreateControl(&view, &kIniData, nullptr, nullptr, {});
+    EXPECT_FALSE(list.SetControlValueToUI());
+    EXPECT_EQ(list.GetValueFromUI(), nullptr);
+    list.SetValueFromUIToControl();
+    EXPECT_FALSE(list.GetControlBlkPtr());
+    std::string text = "as it was";
+    EXPECT_FALSE(list.ConvertToTickectData(text));
+    EXPECT_FALSE(list.ConvertToPreferenceString(text));
+    EXPECT_FALSE(list.ConvertFromPreferenceString("3"));
+    EXPECT_EQ(text, "as it was");
+    EXPECT_EQ(list.GetDataBlkSize(), 0U);
+    EXPECT_TRUE(list.InitializeCtrl(nullptr, nullptr));
+    EXPECT_EQ(list.GetDataBlkSize(), 4U);
+    EXPECT_EQ(list.GetControlBlkPtr(), ValueBlock(0));
+    EXPECT_EQ(list.GetValueFromUIDataBlk(), ValueBlock(0));
+}
+
+TEST(PopupControl, WithBlocksAndNoViewKeepsItsValue) {
+    const Rows rows{{11}};
+    const ConstraintRecord record{.disable = rows.all(), .hide = rows.all(), .update = rows.all()};
+    TaggedView noList(1);
+    for (platform::View* view :
+         {static_cast<platform::View*>(nullptr), static_cast<platform::View*>(&noList)}) {
+        PopupControlEMFSpecialPages list;
+        list.CreateControl(view, nullptr, &record, nullptr, {});
+        ASSERT_TRUE(list.InitializeCtrl(nullptr, nullptr));
+        list.GetControlBlkPtr() = 4;
+        EXPECT_FALSE(list.SetControlValueToUI());
+        EXPECT_FALSE(list.SetExternalValueToUI(2, 4));
+        EXPECT_EQ(list.GetValueFromUI(), nullptr);
+        EXPECT_EQ(list.GetCurrentControlArrayNumber(), -1);
+        EXPECT_TRUE(list.SimulationUIEventHandler());
+        list.RequestPopupList(nullptr);
+        EXPECT_EQ(list.GetControlBlkPtr(), ValueBlock(4));
+    }
+}
+
+TEST(PopupControl, CommitsWithAViewOnly) {
+    PopupControlEMFSpecialPages list;
+    list.CreateControl(nullptr, nullptr, nullptr, nullptr, {});
+    list.InitializeCtrl(nullptr, nullptr);
+    list.GetValueFromUIDataBlk() = 3;
+    list.SetValueFromUIToControl();
+    EXPECT_EQ(list.GetControlBlkPtr(), ValueBlock(0));
+    platform::PopUpButton view;
+    list.SetControlPtr(&view);
+    list.SetValueFromUIToControl();
+    EXPECT_EQ(list.GetControlBlkPtr(), ValueBlock(3));
+}
+
+TEST(PopupControl, AnEmptyMenuHasNoSelectionAndCountsAsItemOne) {
+    constexpr PopupIniData kNoKeys{.defaultItem = 1, .initial = -1, .menuKeys = {}};
+    const Rows disable{{11}, {12}};
+    const ConstraintRecord record{.disable = disable.all(), .hide = {}, .update = {}};
+    TestPanel panel;
+    platform::PopUpButton view;
+    view.addItemWithTitle("of the nib");
+    PopupControlEMFSpecialPages list;
+    list.CreateControl(&view, &kNoKeys, &record, nullptr, {});
+    panel.RunTimeAddNewControl(&list);
+    TaggedView first(11);
+    BaseControlEMFSpecialPages neighbour;
+    neighbour.CreateControl(&first);
+    panel.RunTimeAddNewControl(&neighbour);
+    ASSERT_TRUE(list.InitializeCtrl(nullptr, nullptr));
+    EXPECT_EQ(view.numberOfItems(), 0);
+    list.SetUIValueToIniData();
+    list.SetControlValueToDefault();
+    EXPECT_TRUE(list.SetControlValueToUI());
+    EXPECT_EQ(view.indexOfSelectedItem(), -1);
+    EXPECT_TRUE(list.SimulationUIEventHandler());
+    EXPECT_FALSE(first.isEnabled());
+    ASSERT_NE(list.GetValueFromUI(), nullptr);
+    EXPECT_EQ(*list.GetValueFromUI(), ValueBlock(0)) << "the item number of no selection";
+}
+
+TEST(PopupControl, AnItemPastTheMenuKeepsTheSelection) {
+    platform::PopUpButton view;
+    PopupControlEMFSpecialPages list;
+    list.CreateControl(&view, &kIniData, nullptr, nullptr, {});
+    ASSERT_TRUE(list.InitializeCtrl(nullptr, nullptr));
+    view.selectItemAtIndex(2);
+    for (const std::int32_t item : {6, std::numeric_limits<std::int32_t>::max()}) {
+        EXPECT_TRUE(list.SetExternalValueToUI(item, 4));
+        list.GetControlBlkPtr() = item;
+        EXPECT_TRUE(list.SetControlValueToUI());
+        EXPECT_EQ(view.indexOfSelectedItem(), 2) << item;
+    }
+    list.GetControlBlkPtr() = std::numeric_limits<std::int32_t>::min();
+    EXPECT_TRUE(list.SetControlValueToUI());
+    EXPECT_EQ(view.indexOfSelectedItem(), 2);
+    EXPECT_TRUE(list.SetExternalValueToUI(std::numeric_limits<std::int32_t>::min(), 4));
+    EXPECT_EQ(view.indexOfSelectedItem(), 0) << "from outside, what is negative is the first";
+}
+
+TEST(PopupControl, ATranslationThatSaysItIsNoneShowsTheKey) {
+    const LocalizedBundle bundle{{"Front Only String", "no translation"}, {"Back Only String", ""}};
+    platform::PopUpButton view;
+    PopupControlEMFSpecialPages list;
+    list.CreateControl(&view, &kIniData, nullptr, nullptr, {});
+    ASSERT_TRUE(list.InitializeMenu(bundle.get(), nullptr));
+    EXPECT_EQ(view.menu().itemAtIndex(1)->title(), "Front Only String");
+    EXPECT_EQ(view.menu().itemAtIndex(2)->title(), "") << "an empty text is a translation";
+    EXPECT_EQ(view.menu().itemAtIndex(2)->representedObject(), "Back Only String");
+}
+
+TEST(PopupControl, IsGivenADefaultAndASentinelByItsTableOnly) {
+    PopupControlEMFSpecialPages list;
+    list.CreateControl(nullptr, nullptr, nullptr, nullptr, {});
+    EXPECT_EQ(list.GetDefaultDataBlk(), std::nullopt);
+    EXPECT_EQ(list.GetDefaultDataSize(), 0U);
+    EXPECT_EQ(list.GetIniDataBlk(), std::nullopt);
+    EXPECT_EQ(list.GetIniDataSize(), 0U);
+    constexpr PopupIniData kThird{.defaultItem = 3, .initial = -1, .menuKeys = kKeys};
+    list.CreateControl(nullptr, &kThird, nullptr, nullptr, {});
+    EXPECT_EQ(list.GetDefaultDataBlk(), ControlValue(3));
+    EXPECT_EQ(list.GetDefaultDataSize(), 4U);
+    EXPECT_EQ(list.GetIniDataBlk(), ControlValue(-1));
+    EXPECT_EQ(list.GetIniDataSize(), 4U);
+}
+
+TEST(PopupControl, ADialogThatReopensMakesTheMenuAloneAnew) {
+    platform::PopUpButton view;
+    PopupControlEMFSpecialPages list;
+    list.CreateControl(&view, &kIniData, nullptr, nullptr, {});
+    ASSERT_TRUE(list.InitializeCtrl(nullptr, nullptr));
+    list.GetControlBlkPtr() = 4;
+    list.GetValueFromUIDataBlk() = 5;
+    view.addItemWithTitle("surplus");
+    EXPECT_TRUE(list.ReInitializeCtrl(nullptr, nullptr));
+    EXPECT_EQ(view.numberOfItems(), 5);
+    EXPECT_EQ(list.GetControlBlkPtr(), ValueBlock(4));
+    EXPECT_EQ(list.GetValueFromUIDataBlk(), ValueBlock(5));
+}
+
+/// A list with update rows only, by which nothing but an event writes the UI block.
+class UpdatingList : public ::testing::Test {
+  protected:
+    UpdatingList() {
+        view.setTag(1);
+        list.CreateControl(&view, &kIniData, &record, nullptr, {});
+        panel.RunTimeAddNewControl(&list);
+        neighbour.InitializeCtrl(nullptr, nullptr);
+        panel.RunTimeAddNewControl(&neighbour);
+        list.InitializeCtrl(nullptr, nullptr);
+        list.setTargetandAction();
+        list.SetUIValueToIniData();
+        list.SetControlValueToDefault();
+        list.SetControlValueToUI();
+        list.SimulationUIEventHandler();
+    }
+    void pick(std::int64_t position) {
+        const std::array<std::int64_t, 1> path{position};
+        ASSERT_TRUE(view.pick(path));
+    }
+
+    Rows update{{11}, {11}, {11}, {11}, {11}};
+    ConstraintRecord record{.disable = {}, .hide = {}, .update = update.all()};
+    platform::PopUpButton view;
+    PopupControlEMFSpecialPages list;
+    NumberView number{11};
+    NumberControl neighbour{&number, 0};
+    TestPanel panel;
+};
+
+TEST_F(UpdatingList, TheSameItemFiresNothingFromTheFirstEventOn) {
+    EXPECT_EQ(neighbour.updates, 1) << "the simulation at the opening";
+    EXPECT_EQ(list.GetValueFromUIDataBlk(), ValueBlock(-1));
+    pick(0);
+    EXPECT_EQ(neighbour.updates, 2) << "no event had read the view before";
+    EXPECT_EQ(list.GetValueFromUIDataBlk(), ValueBlock(1));
+    pick(0);
+    pick(0);
+    EXPECT_EQ(neighbour.updates, 2);
+    pick(3);
+    EXPECT_EQ(neighbour.updates, 3);
+    pick(3);
+    EXPECT_EQ(neighbour.updates, 3);
+}
+
+TEST_F(UpdatingList, TheBaseFormFiresAlsoWithoutAChange) {
+    list.GetValueFromUI();
+    EXPECT_EQ(list.DoControlUpdateConstrain(), 0);
+    EXPECT_EQ(neighbour.updates, 1);
+    EXPECT_EQ(list.DoBaseControlUpdateConstrain(), 0);
+    EXPECT_EQ(neighbour.updates, 2);
+}
+
+TEST_F(UpdatingList, WithoutAUIBlockFiresNothing) {
+    list.GetValueFromUIDataBlk().reset();
+    list.SimulationUIEventHandler();
+    list.RequestPopupList(&view);
+    EXPECT_EQ(neighbour.updates, 1);
+}
+
+TEST(PopupControl, ConflictsOfUnknownOrEmptyChoicesAreNone) {
+    PpdBuilder ppd;
+    ppd.option("A").choices({"w", "x"}).option("B").choices({"w", "y"}).constraint("A", "x", "B", "y");
+    TestPanel panel;
+    platform::PopUpButton view;
+    PopupControlEMFSpecialPages list;
+    list.CreateControl(&view, nullptr, nullptr, nullptr, {});
+    panel.RunTimeAddNewControl(&list);
+    auto index = std::make_shared<ConstraintIndex>();
+    const std::vector<std::string> keywords{"A", "B"};
+    compile_constraints(ppd.file(), index.get(), keywords);
+    panel.SetxppdPtr(index);
+    ASSERT_TRUE(list.isChoiceConflicted("B:y", "A", "x", ppd.file()));
+    EXPECT_FALSE(list.isChoiceConflicted("B:z", "A", "x", ppd.file()));
+    EXPECT_FALSE(list.isChoiceConflicted("C:y", "A", "x", ppd.file()));
+    EXPECT_FALSE(list.isChoiceConflicted("B:y", "A", "z", ppd.file()));
+    EXPECT_FALSE(list.isChoiceConflicted("B:y", "C", "x", ppd.file()));
+    EXPECT_FALSE(list.isChoiceConflicted("B:y", "a", "x", ppd.file())) << "exact case";
+    EXPECT_FALSE(list.isChoiceConflicted("", "", "", ppd.file()));
+    EXPECT_FALSE(list.isChoiceConflicted("B:y", "A", "x", nullptr));
 }
 
 } // namespace

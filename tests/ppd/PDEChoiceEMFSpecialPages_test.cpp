@@ -49,5 +49,28 @@ TEST(PDEChoice, NullOptionsAndChoices) {
     EXPECT_FALSE(none.ppdTitle().has_value());
 }
 
+TEST(PDEChoice, AnOptionThatPromisesChoicesAndHasNoneIsEmpty) {
+    ppd_option_t option{};
+    for (const int count : {3, 0, -1}) {
+        option.num_choices = count;
+        const auto choices = ArrayFromPPDOption(&option);
+        ASSERT_TRUE(choices.has_value());
+        EXPECT_TRUE(choices->empty()) << count;
+    }
+}
+
+TEST(PDEChoice, AKeywordBeyondASCIIIsNullAndTheRestOfTheListIsThere) {
+    ppd_choice_t odd{};
+    odd.choice[0] = '\xC3';
+    odd.choice[1] = '\xA4';
+    odd.text[0] = '\x7F';
+    PDEChoiceEMFSpecialPages choice(&odd);
+    EXPECT_EQ(choice.ppdTitle(), std::nullopt);
+    EXPECT_EQ(choice.userTitle(), "\x7F") << "the last of ASCII";
+    odd.text[0] = '\x80';
+    EXPECT_EQ(choice.userTitle(), "\x7F") << "made at the first question";
+    EXPECT_EQ(PDEChoiceEMFSpecialPages(&odd).userTitle(), std::nullopt);
+}
+
 } // namespace
 } // namespace specialpages::test

@@ -554,17 +554,6 @@ TEST(PpdHelpers, AddingWithoutTextOrArrayDoesNothing) {
     EXPECT_THAT(array, ElementsAre("a"));
 }
 
-TEST(PpdHelpers, AZeroAloneIsNotNumeric) {
-    EXPECT_FALSE(ExistNumericString("a0"));
-    EXPECT_FALSE(ExistNumericString("000"));
-    EXPECT_TRUE(ExistNumericString("a7"));
-    EXPECT_TRUE(ExistNumericString("10"));
-    EXPECT_TRUE(ExistNumericString("1"));
-    EXPECT_TRUE(ExistNumericString("9"));
-    EXPECT_FALSE(ExistNumericString(""));
-    EXPECT_FALSE(ExistNumericString("７"));
-}
-
 TEST(PpdHelpers, AResourceNameIsSplitAtItsFirstHyphen) {
     EXPECT_EQ(GetAppResourceNameNS("abc-def-ghi", 0), "abc");
     EXPECT_EQ(GetAppResourceNameNS("abc-def-ghi", 1), "def-ghi");

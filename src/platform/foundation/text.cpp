@@ -1,5 +1,6 @@
 #include "platform/foundation/text.h"
 
+#include <unicode/brkiter.h>
 #include <unicode/ucnv.h>
 #include <unicode/unistr.h>
 #include <unicode/ustring.h>
@@ -75,6 +76,25 @@ std::optional<std::size_t> utf16_length(std::string_view bytes) {
         return std::nullopt;
     }
     return static_cast<std::size_t>(length);
+}
+
+std::vector<std::size_t> composed_character_ends(std::u16string_view units) {
+    UErrorCode status = U_ZERO_ERROR;
+    const std::unique_ptr<icu::BreakIterator> characters(
+        icu::BreakIterator::createCharacterInstance(icu::Locale::getRoot(), status));
+    if (units.empty()) {
+        return {};
+    }
+    if (U_FAILURE(status) || units.size() > kMaxIcuUnits) {
+        return {units.size()}; // nothing is known of the inside
+    }
+    const icu::UnicodeString text(false, units.data(), static_cast<std::int32_t>(units.size()));
+    characters->setText(text);
+    std::vector<std::size_t> ends;
+    for (auto end = characters->next(); end != icu::BreakIterator::DONE; end = characters->next()) {
+        ends.push_back(static_cast<std::size_t>(end));
+    }
+    return ends;
 }
 
 std::string_view utf8_prefix(std::string_view text, std::size_t max_bytes) {

@@ -8,6 +8,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace specialpages::platform {
 
@@ -23,6 +24,12 @@ SPECIALPAGES_PLATFORM_API std::string utf8_from_utf16(std::u16string_view units)
 
 /// Number of UTF-16 units; empty optional when the bytes are not well-formed UTF-8.
 SPECIALPAGES_PLATFORM_API std::optional<std::size_t> utf16_length(std::string_view bytes);
+
+/// Where each composed character of the text ends, in UTF-16 units, in ascending order; the last one is the
+/// length of the text, and an empty text has none. A composed character is a base character with the marks
+/// that join it (an extended grapheme cluster): the half-width voiced sound marks U+FF9E and U+FF9F join the
+/// character before them, a surrogate pair is one character and a lone surrogate another.
+SPECIALPAGES_PLATFORM_API std::vector<std::size_t> composed_character_ends(std::u16string_view units);
 
 /// The longest head of `text` that has at most `max_bytes` bytes and ends at a character boundary.
 SPECIALPAGES_PLATFORM_API std::string_view utf8_prefix(std::string_view text, std::size_t max_bytes);

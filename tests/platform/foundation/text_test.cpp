@@ -4,6 +4,7 @@
 #include <rapidcheck/gtest.h>
 
 #include <algorithm>
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -113,6 +114,31 @@ TEST(ReplaceAll, ChangesNothingForAnEmptyOrMissingPattern) {
     EXPECT_EQ(replace_all("", "", "x"), "");
     EXPECT_EQ(replace_all("abc", "d", "x"), "abc");
     EXPECT_EQ(replace_all("ab", "abc", "x"), "ab");
+}
+
+TEST(ComposedCharacters, EndWhereTheNextBaseBegins) {
+    using Ends = std::vector<std::size_t>;
+    EXPECT_EQ(composed_character_ends(u""), Ends{});
+    EXPECT_EQ(composed_character_ends(u"abc"), (Ends{1, 2, 3}));
+    EXPECT_EQ(composed_character_ends(u"e\u0301\u0302a"), (Ends{3, 4}));
+    EXPECT_EQ(composed_character_ends(u"\u1112\u1161\u11ABa"), (Ends{3, 4}));
+    EXPECT_EQ(composed_character_ends(u"a\r\nb"), (Ends{1, 3, 4}));
+}
+
+TEST(ComposedCharacters, HoldTheHalfWidthVoicedMarksBehindTheirBase) {
+    using Ends = std::vector<std::size_t>;
+    EXPECT_EQ(composed_character_ends(u"\uFF76\uFF9E\uFF8A\uFF9F"), (Ends{2, 4}));
+    EXPECT_EQ(composed_character_ends(u"カ\uFF9Ea\uFF9F"), (Ends{2, 4}));
+    EXPECT_EQ(composed_character_ends(u"\uFF9E\uFF9F"), (Ends{2}));
+    EXPECT_EQ(composed_character_ends(u"\n\uFF9E"), (Ends{1, 2}));
+}
+
+TEST(ComposedCharacters, HoldSurrogatePairsTogetherAndLoneSurrogatesApart) {
+    using Ends = std::vector<std::size_t>;
+    EXPECT_EQ(composed_character_ends(u"\U0001F600\U0001F600"), (Ends{2, 4}));
+    EXPECT_EQ(composed_character_ends(u"\U0001F600\uFF9E\U00020BB7\u0301"), (Ends{3, 6}));
+    const std::u16string lone{char16_t{0xD83D}, u'a', char16_t{0xDE00}, char16_t{0xD83D}};
+    EXPECT_EQ(composed_character_ends(lone), (Ends{1, 2, 3, 4}));
 }
 
 TEST(TextEncodings, ReadTheEncodingsThatPrinterDescriptionsName) {
