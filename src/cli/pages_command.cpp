@@ -62,7 +62,7 @@ void write_json(const PageListResult& result, std::ostream& out) {
 }
 
 void write_table(const PageListResult& result, std::ostream& out) {
-    out << "arranged  " << result.arranged << "\npages    ";
+    out << "arranged  " << result.arranged << "\npages    " << (result.pages.empty() ? " none" : "");
     for (const auto& page : page_texts(result.pages)) {
         out << ' ' << page;
     }

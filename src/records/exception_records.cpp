@@ -31,7 +31,7 @@ PageRanges kept_selected(const ExceptionRequest& request) {
     return page_set(std::move(pages));
 }
 
-void narrow(ExceptionSettings& running, const ExceptionSettings& record) {
+void narrow_settings(ExceptionSettings& running, const ExceptionSettings& record) {
     auto& paper = running.paper;
     if (paper.interposer != record.paper.interposer) {
         paper.interposer = false;
@@ -57,7 +57,7 @@ ShownExceptions shown_exceptions(const RecordList& selected) {
     for (const auto& record : selected) {
         shown.pageText += record.text(RecordKey::page);
         shown.pageText += &record == &selected.back() ? "" : ",";
-        narrow(shown.settings, settings_of(record));
+        narrow_settings(shown.settings, settings_of(record));
     }
     return shown;
 }

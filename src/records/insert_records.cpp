@@ -123,7 +123,7 @@ void append_page_text(std::string& text, const SpecialPageRecord& record, bool i
     }
 }
 
-void narrow(InsertValues& running, const SpecialPageRecord& record) {
+void narrow_values(InsertValues& running, const SpecialPageRecord& record) {
     const auto paper = paper_of(record);
     narrow(running.paper.size, paper.size);
     narrow(running.paper.color, paper.color);
@@ -153,7 +153,7 @@ ShownInserts shown_inserts(const RecordList& selected) {
                     .paper = paper_of(first)};
     for (const auto& record : selected) {
         append_page_text(shown.pageText, record, &record == &selected.back());
-        narrow(shown.values, record);
+        narrow_values(shown.values, record);
     }
     return shown;
 }
