@@ -1,6 +1,7 @@
 #include "cli/commands.h"
 #include "host/HostError.h"
 #include "records/page_list.h"
+#include "records/summary_status.h"
 
 #include <nlohmann/json.hpp>
 
@@ -14,8 +15,6 @@ namespace {
 
 using host::ErrorCode;
 using host::HostError;
-
-constexpr std::int64_t kAdding = 1;
 
 struct PageListResult {
     const PageListReading& reading;
@@ -42,7 +41,7 @@ PageListResult read_page_list(const PagesOptions& options, std::int64_t held) {
     }
     InsertPages list;
     const auto code =
-        ValidatePageList(options.text, options.frontCover, {.status = kAdding, .held = held}, list);
+        ValidatePageList(options.text, options.frontCover, {.status = kSummaryAdding, .held = held}, list);
     return {kInsertPageList, code, std::move(list.m_strArranged), std::move(list.m_aSortedPageArray)};
 }
 

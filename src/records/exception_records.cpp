@@ -1,18 +1,16 @@
 #include "records/exception_records.h"
 
 #include "records/page_list.h"
+#include "records/summary_status.h"
 
 #include <utility>
 
 namespace specialpages {
 namespace {
 
-constexpr std::int64_t kAdding = 1;
-constexpr std::int64_t kEditing = 2;
-
 /// The pages that the edited record had and that were not typed again.
 PageRanges given_up(const ExceptionRequest& request) {
-    if (request.status != kEditing || request.selected.size() != 1) {
+    if (request.status != kSummaryEditing || request.selected.size() != 1) {
         return {};
     }
     const auto range = page_range(request.selected.front());
@@ -21,7 +19,7 @@ PageRanges given_up(const ExceptionRequest& request) {
 
 PageRanges kept_selected(const ExceptionRequest& request) {
     PageRanges pages;
-    if (request.status == kAdding) {
+    if (request.status == kSummaryAdding) {
         for (const auto& record : request.selected) {
             if (record.is(RecordType::exception)) {
                 pages.push_back({first_page(record), first_page(record)});

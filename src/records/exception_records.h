@@ -20,7 +20,7 @@ ShownExceptions shown_exceptions(const RecordList& selected);
 
 /// The dialog at OK, after its controls were found valid.
 struct ExceptionRequest {
-    std::int64_t status = 0; ///< of the list of special pages: 1 adding, 2 editing
+    std::int64_t status = 0; ///< kSummaryAdding or kSummaryEditing
     RecordList selected;     ///< all selected records of the list, covers and inserts too
     PageRanges pages;        ///< getPageNumIndex: the typed pages, as a set
     ExceptionSettings asked; ///< the paper menu's and the two-side list's

@@ -1,6 +1,7 @@
 #include "records/insert_records.h"
 
 #include "platform/foundation/numbers.h"
+#include "records/summary_status.h"
 
 #include <algorithm>
 #include <array>
@@ -11,8 +12,6 @@ namespace {
 
 using platform::decimal_text;
 
-constexpr std::int64_t kAdding = 1;
-constexpr std::int64_t kEditing = 2;
 constexpr std::int32_t kBeforePageOne = 1;
 constexpr const char* kAfterText = "0";
 constexpr const char* kBeforePageOneText = "1";
@@ -163,9 +162,9 @@ bool has_front_cover(const RecordList& records) {
 }
 
 std::optional<RecordList> inserts_after_ok(RecordList inserts, const InsertRequest& request) {
-    if (request.status == kAdding) {
+    if (request.status == kSummaryAdding) {
         add_inserts(inserts, request);
-    } else if (request.status != kEditing) {
+    } else if (request.status != kSummaryEditing) {
         return std::nullopt;
     } else if (request.selected.size() < 2 && page_count(request.pages) > 1) {
         replace_by_several(inserts, request);

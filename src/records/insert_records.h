@@ -39,7 +39,7 @@ bool has_front_cover(const RecordList& records);
 
 /// The dialog at OK, after its controls were found valid.
 struct InsertRequest {
-    std::int64_t status = 0;   ///< of the list of special pages: 1 adding, 2 editing
+    std::int64_t status = 0;   ///< kSummaryAdding or kSummaryEditing
     RowSet selected;           ///< the selected inserts, numbered among the inserts alone
     bool optionEnabled = true; ///< false while several records are edited: page and option stay theirs
     bool frontCover = false;   ///< there is a front cover, or it cannot be told

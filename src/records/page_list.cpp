@@ -1,6 +1,7 @@
 #include "records/page_list.h"
 
 #include "platform/foundation/numbers.h"
+#include "records/summary_status.h"
 
 #include <algorithm>
 #include <utility>
@@ -10,9 +11,6 @@ namespace {
 
 /// Where "-m" starts, for inserts too: page 0 is before the pages.
 constexpr std::int32_t kFirstPage = 1;
-
-constexpr std::int64_t kAdding = 1;
-constexpr std::int64_t kEditing = 2;
 
 /// A byte beyond ASCII is a part of a character that no page list has, whichever it is.
 std::int32_t word_type(char byte) {
@@ -277,9 +275,9 @@ std::int32_t ValidatePageList_getNumberArray(const std::vector<std::string>& pag
 
 bool IsRecordExceedMaxWithAddition(std::int64_t addition, const InsertPageLimit& limit) {
     switch (limit.status) {
-    case kAdding:
+    case kSummaryAdding:
         return addition > limit.maxPageDefineNum - limit.held;
-    case kEditing:
+    case kSummaryEditing:
         return limit.viewEnabled && addition - 1 > limit.maxPageDefineNum - limit.held;
     default:
         return false;

@@ -96,7 +96,7 @@ std::int32_t ValidatePageList_getNumberArray(const std::vector<std::string>& pag
 
 /// What the inserts' limit depends on.
 struct InsertPageLimit {
-    std::int64_t status = 0; ///< of the list of special pages: 1 adding, 2 editing
+    std::int64_t status = 0; ///< kSummaryAdding or kSummaryEditing
     std::int64_t held = 0;   ///< inserts in the dialog's sorted records
     bool viewEnabled = true;
     std::int32_t maxPageDefineNum = kMaxPageDefineNum;
