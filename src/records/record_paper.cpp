@@ -46,7 +46,7 @@ CustomSize decided(CustomSize custom, const CustomSize& otherwise) {
 }
 
 void narrow(CustomSize& running, const CustomSize& record) {
-    if (running.longmeasure != kUndecided && running.longmeasure != record.longmeasure) {
+    if (running.longmeasure != record.longmeasure) {
         running = {.width = kUndecidedText, .length = kUndecidedText, .longmeasure = kUndecided};
         return;
     }

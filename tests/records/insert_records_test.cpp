@@ -108,6 +108,20 @@ TEST(InsertRecords, AddSortsByPageAndKeepsTheOrderOfEqualPages) {
                                                 added(3), insert_after(10, 3), added(10)}));
 }
 
+TEST(InsertRecords, ManyRecordsAtOnePageKeepTheirOrder) {
+    RecordList old;
+    RecordList sorted;
+    for (std::int32_t i = 0; i < 250; ++i) {
+        old.push_back(insert_after(9 - i % 3, i + 1));
+    }
+    for (const std::int32_t first : {2, 1, 0}) {
+        for (std::int32_t i = first; i < 250; i += 3) {
+            sorted.push_back(old[static_cast<std::size_t>(i)]);
+        }
+    }
+    EXPECT_EQ(after_ok(old, add({})), sorted);
+}
+
 TEST(InsertRecords, PagesAreComparedAsNumbers) {
     EXPECT_EQ(after_ok({insert_after(10), insert_after(9)}, add({})),
               (RecordList{insert_after(9), insert_after(10)}));
