@@ -74,6 +74,7 @@ WrittenSet any_list(std::int32_t lowest) {
 
 std::vector<std::string> texts(const std::vector<std::int32_t>& pages) {
     std::vector<std::string> result;
+    result.reserve(pages.size());
     for (const auto page : pages) {
         result.push_back(std::to_string(page));
     }
