@@ -9,6 +9,7 @@
 #include "records/SpecialPageRecord.h"
 #include "records/row_set.h"
 #include "records/setup_text.h"
+#include "records/summary_status.h"
 
 #include <cstdint>
 #include <optional>
@@ -24,9 +25,6 @@ class SpecialPagesHub;
 /// The text shown for a sheet from the interposer, as the current PPD words it; empty when its PPD does not.
 /// Process-wide.
 std::optional<std::string>& UncollateSeparatorSTR();
-
-/// What the user is doing with the list; the dialogs tell an add from an edit by it.
-enum : std::int64_t { kSummaryIdle = 0, kSummaryAdding = 1, kSummaryEditing = 2 };
 
 /// One shown row, each entry a finished text under its column's identifier.
 struct SummaryRow {
