@@ -36,7 +36,7 @@ std::string repeated(std::string_view text, std::size_t count) {
     return all;
 }
 
-CipherResult mark_as_ciphered(std::string_view plain) {
+CipherResult mark_as_ciphered(std::string_view plain, std::size_t /*capacity*/) {
     return {0, "{" + std::string(plain) + "}"};
 }
 CipherResult unmark(std::string_view stored) {
@@ -216,7 +216,7 @@ TEST_F(TicketWrite, OfAControlWithoutAViewIsThePlainOne) {
 }
 
 TEST_F(TicketWrite, EnciphersNothingForAnEmptyValue) {
-    valueTransferServices().encipher = [](std::string_view) -> CipherResult {
+    valueTransferServices().encipher = [](std::string_view, std::size_t) -> CipherResult {
         ADD_FAILURE() << "an empty text needs no cipher";
         return {};
     };
@@ -234,7 +234,7 @@ TEST_F(TicketWrite, NullOutputEmptiesAnEncipheredValue) {
 }
 
 TEST_F(TicketWrite, LogsAFailedCipherAndWritesNothing) {
-    valueTransferServices().encipher = [](std::string_view) {
+    valueTransferServices().encipher = [](std::string_view, std::size_t) {
         return CipherResult{-2, "half"};
     };
     control_.setText("secret");
@@ -546,7 +546,7 @@ TEST_F(PreferenceTransfer, AKeyThatOnlyBeginsLikeAPasswordKeyIsPlain) {
 
 TEST_F(PreferenceTransfer, AFailedCipherIsLoggedAndWritesNothing) {
     control_.setAccess(&kPassword, kCFPreferencesCurrentUser);
-    valueTransferServices().encipher = [](std::string_view) {
+    valueTransferServices().encipher = [](std::string_view, std::size_t) {
         return CipherResult{-3, {}};
     };
     EXPECT_FALSE(control_.SetValueToPreferenceWithPrinterSettings());
