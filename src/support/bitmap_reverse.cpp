@@ -31,6 +31,7 @@ bool is_kept(std::uint32_t bits) {
 /// so that no header makes them wrap around.
 struct Rows {
     std::int64_t count = 0;
+    std::int64_t width = 0;
     std::int64_t sourceBytes = 0;
     std::int64_t targetBytes = 0;
 };
@@ -41,11 +42,11 @@ std::int64_t row_bytes(std::int64_t width, std::int64_t bits) {
 }
 
 Rows rows_of(std::string_view file, std::uint32_t bits) {
-    const std::int64_t width = read_dword(file, bmp::kWidthAt);
     Rows rows;
+    rows.width = read_dword(file, bmp::kWidthAt);
     rows.count = -std::int64_t{read_dword(file, bmp::kHeightAt)};
-    rows.sourceBytes = bits == 32 ? width * 4 : row_bytes(width, bits);
-    rows.targetBytes = bits == 32 ? row_bytes(width, 24) : rows.sourceBytes;
+    rows.sourceBytes = bits == 32 ? rows.width * 4 : row_bytes(rows.width, bits);
+    rows.targetBytes = bits == 32 ? row_bytes(rows.width, 24) : rows.sourceBytes;
     return rows;
 }
 
@@ -53,7 +54,7 @@ bool fits(const Rows& rows, std::size_t fileBytes) {
     const auto room = static_cast<std::int64_t>(fileBytes - bmp::kPixelsAt);
     const auto most = std::max(rows.sourceBytes, rows.targetBytes);
     // A product could pass 64 bits where this quotient can't.
-    return rows.sourceBytes >= 0 && rows.targetBytes >= 0 && (most == 0 || rows.count <= room / most);
+    return rows.width >= 0 && (most == 0 || rows.count <= room / most);
 }
 
 /// Three bytes of every four.

@@ -95,7 +95,8 @@ TEST(VerticalReverse, ThirtyTwoBitsBecomeTwentyFour) {
 }
 
 TEST(VerticalReverse, RowsAreCountedFromTheEndOfTheFile) {
-    EXPECT_EQ(reversed(file({1, -2, 24, 0, 0, 0}, "gap!aaa.bbb,")), file(right(1, 2, 24), "bbb,aaa.\0\0\0\0"s));
+    EXPECT_EQ(reversed(file({1, -2, 24, 0, 0, 0}, "gap!aaa.bbb,")),
+              file(right(1, 2, 24), "bbb,aaa.\0\0\0\0"s));
 }
 
 TEST(VerticalReverse, EightBitRowsGoWhereTheColourTableWas) {
@@ -111,8 +112,10 @@ TEST(VerticalReverse, OneAndFourBitsComeOutBlank) {
 }
 
 TEST(VerticalReverse, ABottomUpFileOfAnotherResolutionComesOutTopDownAndBlank) {
-    const Header wrong[] = {
-        {1, 2, 24, 0, 2834, 2835}, {1, 2, 24, 0, 2835, 2834}, {1, 2, 24, 0, 0, 0}, {1, 2, 24, 0, 2835 + (1 << 16), 2835}};
+    const Header wrong[] = {{1, 2, 24, 0, 2834, 2835},
+                            {1, 2, 24, 0, 2835, 2834},
+                            {1, 2, 24, 0, 0, 0},
+                            {1, 2, 24, 0, 2835 + (1 << 16), 2835}};
     for (const Header& header : wrong) {
         EXPECT_EQ(reversed(file(header, "aaa.bbb,")), file(right(1, -2, 24), std::string(8, '\0')));
     }
@@ -140,10 +143,15 @@ TEST(VerticalReverse, AFileShorterThanItsHeaderIsRefused) {
 }
 
 TEST(VerticalReverse, RowsThatTheFileHasNoRoomForAreRefused) {
-    const Header many[] = {
-        {1, -3, 24, 0, 0, 0},     {3, -1, 24, 0, 0, 0},           {3, -1, 32, 0, 0, 0},
-        {9, -1, 8, 0, 0, 0},      {1, kLowest, 24, 0, 0, 0},      {0x7FFFFFFF, -1, 32, 0, 0, 0},
-        {0x7FFFFFFF, kLowest, 32, 0, 0, 0}, {0x40000000, -1, 32, 0, 0, 0}, {0x55555556, -1, 24, 0, 0, 0}};
+    const Header many[] = {{1, -3, 24, 0, 0, 0},
+                           {3, -1, 24, 0, 0, 0},
+                           {3, -1, 32, 0, 0, 0},
+                           {9, -1, 8, 0, 0, 0},
+                           {1, kLowest, 24, 0, 0, 0},
+                           {0x7FFFFFFF, -1, 32, 0, 0, 0},
+                           {0x7FFFFFFF, kLowest, 32, 0, 0, 0},
+                           {0x40000000, -1, 32, 0, 0, 0},
+                           {0x55555556, -1, 24, 0, 0, 0}};
     for (const Header& header : many) {
         const std::string bytes = file(header, "aaa.bbb,");
         EXPECT_EQ(reversed(bytes, 1001), bytes) << header.width << " " << header.height;
@@ -153,8 +161,8 @@ TEST(VerticalReverse, RowsThatTheFileHasNoRoomForAreRefused) {
 }
 
 TEST(VerticalReverse, ANegativeWidthIsRefused) {
-    for (const std::int32_t width : {-2, -5, kLowest}) {
-        for (const std::uint16_t bits : std::initializer_list<std::uint16_t>{8, 24, 32}) {
+    for (const std::int32_t width : {-1, -2, -5, kLowest}) {
+        for (const std::uint16_t bits : std::initializer_list<std::uint16_t>{1, 4, 8, 24, 32}) {
             const std::string bytes = file({width, -1, bits, 0, 0, 0}, "aaa.bbb,");
             EXPECT_EQ(reversed(bytes, 1001), bytes) << width << " " << bits;
         }

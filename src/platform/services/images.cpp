@@ -48,6 +48,21 @@ Picture on_white(Picture picture) {
     return picture;
 }
 
+/// One pixel over another. Weights are products of two opacities, so that 255 * 255 is opaque.
+void blend(std::uint8_t* below, const std::uint8_t* above) {
+    const unsigned aboveWeight = above[3] * 255U;
+    const unsigned belowWeight = below[3] * (255U - above[3]);
+    const unsigned whole = aboveWeight + belowWeight;
+    if (whole == 0) {
+        return;
+    }
+    for (int channel = 0; channel < 3; ++channel) {
+        const unsigned sum = above[channel] * aboveWeight + below[channel] * belowWeight;
+        below[channel] = static_cast<std::uint8_t>((sum + whole / 2) / whole);
+    }
+    below[3] = static_cast<std::uint8_t>((whole + 127U) / 255U);
+}
+
 } // namespace
 
 std::optional<NSBitmapImageFileType> picture_format(std::string_view bytes) {
@@ -93,6 +108,19 @@ std::optional<std::string> representationUsingType(const Picture& picture, NSBit
     }
     const bool opaque = type == NSBitmapImageFileType::bmp || type == NSBitmapImageFileType::jpeg;
     return codecs()->encode(opaque ? on_white(picture) : picture, type);
+}
+
+void draw_over(Picture& canvas, const Picture& picture) {
+    if (!within_bounds(canvas) || !within_bounds(picture)) {
+        return;
+    }
+    const std::size_t width = std::min(canvas.width, picture.width);
+    const std::size_t height = std::min(canvas.height, picture.height);
+    for (std::size_t y = 0; y < height; ++y) {
+        for (std::size_t x = 0; x < width; ++x) {
+            blend(&canvas.rgba[(y * canvas.width + x) * 4], &picture.rgba[(y * picture.width + x) * 4]);
+        }
+    }
 }
 
 } // namespace specialpages::platform

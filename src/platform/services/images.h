@@ -55,4 +55,8 @@ SPECIALPAGES_PLATFORM_API std::optional<Picture> initWithContentsOfFile(const st
 SPECIALPAGES_PLATFORM_API std::optional<std::string> representationUsingType(const Picture& picture,
                                                                              NSBitmapImageFileType type);
 
+/// Draws `picture` over `canvas` from its upper left corner ("source over"); what does not fit is left out.
+/// Nothing when the pixels of either don't match its size.
+SPECIALPAGES_PLATFORM_API void draw_over(Picture& canvas, const Picture& picture);
+
 } // namespace specialpages::platform
