@@ -6,14 +6,13 @@
 
 #include <gtest/gtest.h>
 
-#include <openssl/evp.h>
-#include <openssl/pem.h>
-#include <openssl/rsa.h>
-
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <openssl/evp.h>
+#include <openssl/pem.h>
+#include <openssl/rsa.h>
 #include <optional>
 #include <string>
 

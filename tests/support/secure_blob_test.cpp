@@ -49,8 +49,8 @@ class CountedRandom {
 struct OpenedBlob {
     explicit OpenedBlob(ByteView blob, const TestKey& key) {
         const auto little = [&](std::size_t at) {
-            return std::size_t{blob[at]} | std::size_t{blob[at + 1]} << 8U | std::size_t{blob[at + 2]} << 16U |
-                   std::size_t{blob[at + 3]} << 24U;
+            return std::size_t{blob[at]} | std::size_t{blob[at + 1]} << 8U |
+                   std::size_t{blob[at + 2]} << 16U | std::size_t{blob[at + 3]} << 24U;
         };
         markers = to_hex(blob.subspan(0, 2));
         cipherLength = little(2);
@@ -173,8 +173,7 @@ TEST(TransportBlob, KnowsTwoTypesOfKeys) {
         const CountedRandom random;
         EXPECT_EQ(made(1, keyType, {}, "no key", 1000).status, 2);
         EXPECT_EQ(random.asked(), 0);
-        EXPECT_THAT(log.all(),
-                    ElementsAre("ERROR[106]: invalid key type[" + std::to_string(keyType) + "]."));
+        EXPECT_THAT(log.all(), ElementsAre("ERROR[106]: invalid key type[" + std::to_string(keyType) + "]."));
     }
 }
 
@@ -288,8 +287,8 @@ TEST(SecureSteps, AesKnowsOneMode) {
 
 TEST(SecureSteps, HmacOfPublishedText) {
     std::array<std::uint8_t, 32> out{};
-    EXPECT_EQ(SecBlobEncInternal_GenerateHMAC(bytes_of("Jefe"), bytes_of("what do ya want for nothing?"), out),
-              0);
+    EXPECT_EQ(
+        SecBlobEncInternal_GenerateHMAC(bytes_of("Jefe"), bytes_of("what do ya want for nothing?"), out), 0);
     EXPECT_EQ(to_hex(out), "5bdcc146bf60754e6a042426089575c75a003f089d2739839dec58b964ec3843");
 }
 
@@ -320,9 +319,9 @@ TEST(StorageForm, FailuresNameTheirStep) {
     EXPECT_EQ(Decode_Storage(Bytes(15), {}, {}, Bytes(16), out, length), 99);
     EXPECT_EQ(length, kUntouched);
     EXPECT_EQ(out, Bytes(15, 0xEE));
-    EXPECT_THAT(log.all(), ElementsAre("AES Error[-108]", "ERROR[52]: AES Encrypt failed[99].", "AES Error[-50]",
-                                       "ERROR[52]: AES Encrypt failed[99].", "AES Error[-25]",
-                                       "ERROR[97]: AES Decrypt failed[99]."));
+    EXPECT_THAT(log.all(), ElementsAre("AES Error[-108]", "ERROR[52]: AES Encrypt failed[99].",
+                                       "AES Error[-50]", "ERROR[52]: AES Encrypt failed[99].",
+                                       "AES Error[-25]", "ERROR[97]: AES Decrypt failed[99]."));
 }
 
 // Writing bytes out.

@@ -20,7 +20,8 @@ using testing::IsEmpty;
 /// The Base64 text, or "(status)".
 std::string stored(std::string_view plain, std::size_t capacity = kTicketCipherBytes) {
     const CipherResult result = encipher_password(plain, capacity);
-    return result.status == 0 ? result.text.value_or("(too long)") : "(" + std::to_string(result.status) + ")";
+    return result.status == 0 ? result.text.value_or("(too long)")
+                              : "(" + std::to_string(result.status) + ")";
 }
 
 std::string read_back(std::string_view text) {
@@ -59,7 +60,8 @@ TEST(StoredPassword, HasAsManyBytesAsTheTextHasColumns) {
     EXPECT_EQ(read_back(stored("\xC3\xA9")), "\xC3");
     EXPECT_EQ(stored("\xE3\x81\x82\xE3\x81\x84"), stored_bytes("\xE3\x81\x82\xE3"))
         << "two wide characters are four columns of their six bytes";
-    EXPECT_EQ(read_back(stored("\xF0\x9F\x98\x80")), "\xF0\x9F\x98\x80") << "a surrogate pair is four columns";
+    EXPECT_EQ(read_back(stored("\xF0\x9F\x98\x80")), "\xF0\x9F\x98\x80")
+        << "a surrogate pair is four columns";
     EXPECT_EQ(read_back(stored("\xD0\x96")), "\xD0\x96") << "and so are two bytes beyond Latin-1";
 }
 

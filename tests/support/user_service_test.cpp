@@ -86,7 +86,8 @@ TEST_F(UserService, ThePrimaryGroupMakesAMemberToo) {
 
 TEST_F(UserService, WithoutAGroupAdminItsStandInsCount) {
     EXPECT_THAT(platform::administrator_groups(), ElementsAre("lpadmin", "sudo", "wheel"));
-    accounts_->allGroups = {{"wheel", 10, {"ann"}}, {"lpadmin", 110, {"eve"}}, {"sudo", 27, {}}, {"Admin", 5, {"root"}}};
+    accounts_->allGroups = {
+        {"wheel", 10, {"ann"}}, {"lpadmin", 110, {"eve"}}, {"sudo", 27, {}}, {"Admin", 5, {"root"}}};
     EXPECT_TRUE(checkIfAdminUser("ann"));
     EXPECT_TRUE(checkIfAdminUser("bob"));
     EXPECT_TRUE(checkIfAdminUser("eve"));
@@ -151,8 +152,8 @@ class FailingAuthority : public platform::CSIdentityAuthority {
         if (how_.noQuery) {
             return nullptr;
         }
-        return std::make_unique<FailingQuery>(!how_.noExecute, how_.noResults ? std::nullopt
-                                                                              : std::optional(how_.groups));
+        return std::make_unique<FailingQuery>(!how_.noExecute,
+                                              how_.noResults ? std::nullopt : std::optional(how_.groups));
     }
     std::unique_ptr<CSIdentityQuery> groupMembershipQuery(const CSIdentity& group) override {
         if (how_.noMembership) {

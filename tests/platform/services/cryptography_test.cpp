@@ -70,21 +70,21 @@ TEST(AesCbc, GivesThePublishedValuesAndABlockOfPadding) {
     EXPECT_EQ(result.status, noErr);
     EXPECT_EQ(result.moved, 80U);
     EXPECT_EQ(to_hex(result.out).substr(0, 128), kCipher);
-    const Crypted back =
-        crypt(CCOperation::decrypt, from_hex(kKey256), from_hex(kVector), result.out, 64);
+    const Crypted back = crypt(CCOperation::decrypt, from_hex(kKey256), from_hex(kVector), result.out, 64);
     EXPECT_EQ(back.status, noErr);
     EXPECT_EQ(back.moved, 64U);
     EXPECT_EQ(to_hex(back.out), kPlain);
 }
 
-// printf abc | openssl enc -aes-128-cbc -K 000102030405060708090a0b0c0d0e0f -iv 0f0e0d0c0b0a09080706050403020100
-// and -aes-192-cbc with -K 000102030405060708090a0b0c0d0e0f1011121314151617
+// printf abc | openssl enc -aes-128-cbc -K 000102030405060708090a0b0c0d0e0f -iv
+// 0f0e0d0c0b0a09080706050403020100 and -aes-192-cbc with -K 000102030405060708090a0b0c0d0e0f1011121314151617
 TEST(AesCbc, TheLengthOfTheKeySaysWhichAes) {
     const Bytes vector = from_hex("0f0e0d0c0b0a09080706050403020100");
     const Bytes key = from_hex("000102030405060708090a0b0c0d0e0f1011121314151617");
     EXPECT_EQ(to_hex(crypt(CCOperation::encrypt, ByteView(key).first(16), vector, bytes_of("abc"), 16).out),
               "ba531ab49213c52f3ac482de024dedbb");
-    EXPECT_EQ(to_hex(crypt(CCOperation::encrypt, key, vector, bytes_of("abc"), 16).out), "3a8c5cf1c923b9908630f1b3aba8e458");
+    EXPECT_EQ(to_hex(crypt(CCOperation::encrypt, key, vector, bytes_of("abc"), 16).out),
+              "3a8c5cf1c923b9908630f1b3aba8e458");
     for (const std::size_t size : {0U, 1U, 15U, 17U, 31U, 33U, 64U}) {
         EXPECT_EQ(crypt(CCOperation::encrypt, Bytes(size), vector, bytes_of("abc"), 16).status, paramErr)
             << size;
@@ -177,7 +177,8 @@ TEST(RsaOaep, IsOpenedByTheRulesOfTheRfc) {
 // printf 'made elsewhere' | openssl pkeyutl -encrypt -inkey tests/data/keys/test-2048.pem
 //     -pkeyopt rsa_padding_mode:oaep -pkeyopt rsa_oaep_md:sha256 -pkeyopt rsa_mgf1_md:sha256 | base64 -w0
 TEST(RsaOaep, TheOpenerOpensWhatAnotherProgramWrapped) {
-    const auto wrapped = base64_bytes("kpz6J2zV/dVmC+0xOYQoAzFR3wv/KPCIMfqfCALLmZhpMR9B7G9h3gLZNF65v4PcWIR/ZHFdvgNQFt+xY/Bj+lkFWT"
+    const auto wrapped = base64_bytes(
+        "kpz6J2zV/dVmC+0xOYQoAzFR3wv/KPCIMfqfCALLmZhpMR9B7G9h3gLZNF65v4PcWIR/ZHFdvgNQFt+xY/Bj+lkFWT"
         "kypE3PXzsIGn+SpNNTIxmksuI3JGTJqpoMbWyrGSj+gprIyZftWMwq1lcldhWH/hRRKNj+js2Og8vjwDlotxU+qix+"
         "BLhMufalKfYu0e5pFk8HBWcXqn0dgY+38ZkQvMGiLzwEJsgOtny7tePuw68It2jzk8tddlSsz8JIkprJapGwR66Kej"
         "usOfoimUsp44JiAJvrw7OQ6A0e45maFgMxprjW3XfQg+hNpVb5TmyIPtFOiOBSYGU3hVWYbw==");
@@ -205,10 +206,11 @@ TEST(RsaOaep, RefusesWhatIsNoPublicRsaKey) {
     Bytes longer = whole;
     longer.push_back(0);
     // openssl ecparam -name prime256v1 -genkey | openssl pkey -pubout -outform DER | xxd -p
-    const Bytes curve =
-        from_hex("3059301306072a8648ce3d020106082a8648ce3d03010703420004" "26e21a9399ac4967071e9a612317a9bc8833d84886627ef30c3cb774b3dc3f1fab6c92c0cb22863e9479655ae5d96957ecee9473e86323f49b1e0e7143e0c57c");
-    for (const Bytes& der : {Bytes{}, Bytes{0x30}, Bytes(300, 0xFF), Bytes(whole.begin(), whole.end() - 1),
-                             longer, curve}) {
+    const Bytes curve = from_hex("3059301306072a8648ce3d020106082a8648ce3d03010703420004"
+                                 "26e21a9399ac4967071e9a612317a9bc8833d84886627ef30c3cb774b3dc3f1fab6c92c0cb2"
+                                 "2863e9479655ae5d96957ecee9473e86323f49b1e0e7143e0c57c");
+    for (const Bytes& der :
+         {Bytes{}, Bytes{0x30}, Bytes(300, 0xFF), Bytes(whole.begin(), whole.end() - 1), longer, curve}) {
         CryptoError error;
         EXPECT_FALSE(SecKeyCreateEncryptedData(der, bytes_of("x"), error)) << der.size();
         EXPECT_NE(error.code, 0) << der.size();
@@ -218,9 +220,13 @@ TEST(RsaOaep, RefusesWhatIsNoPublicRsaKey) {
 
 // RFC 4648, section 10.
 TEST(Base64, GivesThePublishedTextsBothWays) {
-    const std::pair<const char*, const char*> vectors[] = {
-        {"", ""},         {"f", "Zg=="},         {"fo", "Zm8="},       {"foo", "Zm9v"},
-        {"foob", "Zm9vYg=="}, {"fooba", "Zm9vYmE="}, {"foobar", "Zm9vYmFy"}};
+    const std::pair<const char*, const char*> vectors[] = {{"", ""},
+                                                           {"f", "Zg=="},
+                                                           {"fo", "Zm8="},
+                                                           {"foo", "Zm9v"},
+                                                           {"foob", "Zm9vYg=="},
+                                                           {"fooba", "Zm9vYmE="},
+                                                           {"foobar", "Zm9vYmFy"}};
     for (const auto& [plain, text] : vectors) {
         EXPECT_EQ(base64_text(bytes_of(plain)), text);
         const auto bytes = base64_bytes(text);
@@ -236,8 +242,8 @@ TEST(Base64, ReadsOverLineEndsAndBlanks) {
 }
 
 TEST(Base64, RefusesWhatIsNone) {
-    for (const char* text : {"Z", "Zg", "Zg=", "Zg===", "Zg==Zg==", "Zm9v!", "Zm-v", "Zm_v", "Zm9v-", "=", "====",
-                             "\xC3\xA9\xC3\xA9", "Zm9v-----END"}) {
+    for (const char* text : {"Z", "Zg", "Zg=", "Zg===", "Zg==Zg==", "Zm9v!", "Zm-v", "Zm_v", "Zm9v-", "=",
+                             "====", "\xC3\xA9\xC3\xA9", "Zm9v-----END"}) {
         EXPECT_FALSE(base64_bytes(text)) << text;
     }
     EXPECT_FALSE(base64_bytes(std::string_view("Zm\0v", 4)));
