@@ -36,6 +36,9 @@ CipherResult encipher_password(std::string_view plain, std::size_t capacity) {
 }
 
 CipherResult decipher_password(std::string_view stored) {
+    if (stored.empty()) { // it may have no pointer, which would be another failure
+        return {kNSPBadLength, std::nullopt};
+    }
     std::array<unsigned char, kMaxStoredPasswordBytes> cipher{};
     std::uint32_t size = 0;
     const platform::ByteView text = platform::bytes_of(stored.substr(0, kMaxStoredPasswordBytes));

@@ -100,6 +100,7 @@ TEST(StoredPassword, ReadingStopsAtAZeroByte) {
 TEST(StoredPassword, WhatIsNotStoredFormIsRefused) {
     const LoggedLines log;
     EXPECT_EQ(read_back(""), "(-2)");
+    EXPECT_EQ(read_back(std::string_view()), "(-2)");
     EXPECT_EQ(read_back("abc"), "(-2)");
     EXPECT_EQ(read_back("abcde"), "(-2)");
     EXPECT_EQ(read_back(std::string(256, 'A')), "(-2)") << "past what is ever stored";

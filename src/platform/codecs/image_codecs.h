@@ -1,7 +1,12 @@
 // What the module of picture codecs offers to the platform. Both sides are built together.
 #pragma once
 
-#include "platform/services/images.h"
+#include "platform/export.h"
+#include "platform/services/picture.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
 
 namespace specialpages::platform {
 

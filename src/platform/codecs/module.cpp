@@ -1,6 +1,5 @@
 // The module's only way in.
 #include "platform/codecs/image_codecs.h"
-
 #include "platform/codecs/jpeg2000_codec.h"
 #include "platform/codecs/raster_codec.h"
 
