@@ -9,7 +9,7 @@ namespace specialpages::platform {
 
 namespace {
 
-constexpr magick_int64_t kMiB = 1024 * 1024;
+constexpr magick_int64_t kMiB = magick_int64_t{1024} * 1024;
 /// Of all pictures together: two of the largest, at eight bytes a pixel.
 constexpr magick_int64_t kMaxHeapBytes = 256 * kMiB;
 
