@@ -1,6 +1,5 @@
 #include "controls/SPIconViewCtrlEMF.h"
 
-#include "platform/foundation/Bundle.h"
 #include "platform/toolkit/IconView.h"
 #include "support/plugin_bundle.h"
 
@@ -20,9 +19,8 @@ bool SPIconViewCtrlEMF::InitializeCtrl(platform::Bundle* bundle, ppd_file_s* wit
     if (!BaseControlEMFSpecialPages::InitializeCtrl(bundle, withPPD)) {
         return false;
     }
-    auto* view = dynamic_cast<platform::IconView*>(ControlPtr);
-    if (view != nullptr && pluginBundle()) {
-        view->setImage(pluginBundle()->CFBundleCopyBundleURL() / IconName);
+    if (auto* view = dynamic_cast<platform::IconView*>(ControlPtr); view != nullptr) {
+        view->drawIcon(pluginBundle().get(), IconName);
     }
     return true;
 }

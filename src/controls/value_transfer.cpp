@@ -6,10 +6,12 @@
 #include "platform/foundation/numbers.h"
 #include "platform/foundation/preferences.h"
 #include "platform/print/PrintSettings.h"
+#include "platform/services/cryptography.h"
 #include "platform/toolkit/View.h"
 #include "support/settings_access.h"
 #include "support/slash_decimal.h"
 #include "support/units.h"
+#include "support/user_service.h"
 
 #include <algorithm>
 #include <utility>
@@ -27,8 +29,26 @@ bool holdsPassword(std::string_view key) {
     return std::find(kJBApasswordStr.begin(), kJBApasswordStr.end(), key) != kJBApasswordStr.end();
 }
 
-CipherResult run(const std::function<CipherResult(std::string_view)>& cipher, std::string_view text) {
-    return cipher ? cipher(text) : CipherResult{kNoCipher, {}};
+/// Replaces the text by its stored form; the plain one is overwritten. False when that failed, with a log
+/// line for a cipher that failed and none for a form that is too long.
+bool encipher(std::string& text, std::size_t capacity, const char* complaint) {
+    const auto& cipher = valueTransferServices().encipher;
+    CipherResult result = cipher ? cipher(text, capacity) : CipherResult{kNoCipher, std::nullopt};
+    platform::wipe(text);
+    if (result.status != 0) {
+        platform::NSLog(complaint + platform::decimal_text(result.status) + " ");
+        return false;
+    }
+    if (!result.text) {
+        return false;
+    }
+    text = std::move(*result.text);
+    return true;
+}
+
+CipherResult decipher(std::string_view stored) {
+    const auto& cipher = valueTransferServices().decipher;
+    return cipher ? cipher(stored) : CipherResult{kNoCipher, std::nullopt};
 }
 
 bool hasKey(const char* key) {
@@ -38,7 +58,7 @@ bool hasKey(const char* key) {
 } // namespace
 
 ValueTransferServices& valueTransferServices() {
-    static ValueTransferServices services;
+    static ValueTransferServices services{IsUserAdmin, encipher_password, decipher_password};
     return services;
 }
 
@@ -92,14 +112,10 @@ bool BaseControlEMFSpecialPages::SetValueToTicketWithNSPEnc(platform::PrintSetti
     if (!ConvertToTickectData(text)) {
         return false;
     }
-    if (GetUTF8StringLength(text) != 0) {
-        CipherResult result = run(valueTransferServices().encipher, text);
-        if (result.status != 0) {
-            platform::NSLog("##Plugin debug## SetValueToTicketWithNSPEnc encode fail: " +
-                            platform::decimal_text(result.status) + " ");
-            return false;
-        }
-        text = std::move(result.text);
+    // What has no columns is empty, or ill-formed and refused by the write.
+    if (GetUTF8StringLength(text) != 0 &&
+        !encipher(text, kTicketCipherBytes, "##Plugin debug## SetValueToTicketWithNSPEnc encode fail: ")) {
+        return false;
     }
     if (IsOutputNullToTicket()) {
         text.clear();
@@ -165,14 +181,9 @@ bool BaseControlEMFSpecialPages::SetValueToPreferenceWithPrinterSettings() {
     if (const auto answer = textForPreference(text)) {
         return *answer;
     }
-    if (holdsPassword(ctrlDataAccessInfoPtr->preferenceKey)) {
-        CipherResult result = run(valueTransferServices().encipher, text);
-        if (result.status != 0) {
-            platform::NSLog("##JBA debug##  SetValueToPreference encode fail: " +
-                            platform::decimal_text(result.status) + " ");
-            return false;
-        }
-        text = std::move(result.text);
+    if (holdsPassword(ctrlDataAccessInfoPtr->preferenceKey) && !text.empty() &&
+        !encipher(text, kPreferenceCipherBytes, "##JBA debug##  SetValueToPreference encode fail: ")) {
+        return false;
     }
     platform::PrintSettings* settings =
         ctrlParentPanelPtr == nullptr ? nullptr : ctrlParentPanelPtr->GetCurrentPMPrintSettings();
@@ -200,13 +211,18 @@ bool BaseControlEMFSpecialPages::GetValueFromPreferenceWithPrinterSettings() {
     if (!holdsPassword(ctrlDataAccessInfoPtr->preferenceKey)) {
         return ConvertFromPreferenceString(*text);
     }
-    const CipherResult result = run(valueTransferServices().decipher, *text);
+    CipherResult result = decipher(*text);
     if (result.status != 0) {
         platform::NSLog("##JBA debug## GetValueFromPreference encode fail: " +
                         platform::decimal_text(result.status) + " ");
         return false;
     }
-    return ConvertFromPreferenceString(result.text);
+    if (!result.text) {
+        return false;
+    }
+    const bool converted = ConvertFromPreferenceString(*result.text);
+    platform::wipe(*result.text);
+    return converted;
 }
 
 } // namespace specialpages

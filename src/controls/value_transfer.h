@@ -1,12 +1,13 @@
 // What the transfer of control values to preferences and tickets needs of others: who is an administrator,
-// and the cipher of the keys that hold passwords. The pane's module sets both; without them nothing secret is
-// written.
+// and the cipher of the keys that hold passwords. Both are there from the start and can be put aside; without
+// them nothing secret is written.
 #pragma once
 
+#include "support/stored_password.h"
+
 #include <array>
-#include <cstdint>
+#include <cstddef>
 #include <functional>
-#include <string>
 #include <string_view>
 
 namespace specialpages {
@@ -23,20 +24,16 @@ inline constexpr std::array<std::string_view, 8> kJBApasswordStr{
     "com.norvalen.nb.rtz.printsettings.JBAInputStoragePasswordTextEditReference",
 };
 
-/// Result of one direction of the cipher: status 0 and the text, or the cipher's status.
-struct CipherResult {
-    std::int32_t status = 0;
-    std::string text;
-};
-
 struct ValueTransferServices {
-    /// Whether the user may write preferences that are not the user's own. Null: no.
+    /// Whether the user may write preferences that are not the user's own: IsUserAdmin. Null: no.
     std::function<bool()> isUserAdmin;
-    /// Plain text to the Base64 storage form (at most 255 characters), and back. Null: the transfer fails.
-    std::function<CipherResult(std::string_view plain)> encipher;
+    /// Plain text to the stored form with a cipher of that capacity, and back: encipher_password and
+    /// decipher_password. Null: the transfer fails.
+    std::function<CipherResult(std::string_view plain, std::size_t capacity)> encipher;
     std::function<CipherResult(std::string_view stored)> decipher;
 };
 
+/// The services in use, initially the real ones.
 ValueTransferServices& valueTransferServices();
 
 } // namespace specialpages

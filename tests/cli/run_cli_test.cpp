@@ -21,6 +21,9 @@ TEST(RunCli, VersionAndHelpAreResults) {
     EXPECT_EQ(version.out.substr(0, 14), "special-pages ");
     EXPECT_NE(version.out.find_first_of("0123456789"), std::string::npos);
     EXPECT_EQ(version.err, "");
+    EXPECT_EQ(version.out.find("(development device keys)") != std::string::npos,
+              SPECIALPAGES_DEVELOPMENT_KEYS == 1)
+        << "who gets such a build has to know";
 
     const Ran help = run({"--help"});
     EXPECT_EQ(help.exit, 0);

@@ -36,7 +36,7 @@ std::string repeated(std::string_view text, std::size_t count) {
     return all;
 }
 
-CipherResult mark_as_ciphered(std::string_view plain) {
+CipherResult mark_as_ciphered(std::string_view plain, std::size_t /*capacity*/) {
     return {0, "{" + std::string(plain) + "}"};
 }
 CipherResult unmark(std::string_view stored) {
@@ -216,7 +216,7 @@ TEST_F(TicketWrite, OfAControlWithoutAViewIsThePlainOne) {
 }
 
 TEST_F(TicketWrite, EnciphersNothingForAnEmptyValue) {
-    valueTransferServices().encipher = [](std::string_view) -> CipherResult {
+    valueTransferServices().encipher = [](std::string_view, std::size_t) -> CipherResult {
         ADD_FAILURE() << "an empty text needs no cipher";
         return {};
     };
@@ -234,7 +234,7 @@ TEST_F(TicketWrite, NullOutputEmptiesAnEncipheredValue) {
 }
 
 TEST_F(TicketWrite, LogsAFailedCipherAndWritesNothing) {
-    valueTransferServices().encipher = [](std::string_view) {
+    valueTransferServices().encipher = [](std::string_view, std::size_t) {
         return CipherResult{-2, "half"};
     };
     control_.setText("secret");
@@ -546,7 +546,7 @@ TEST_F(PreferenceTransfer, AKeyThatOnlyBeginsLikeAPasswordKeyIsPlain) {
 
 TEST_F(PreferenceTransfer, AFailedCipherIsLoggedAndWritesNothing) {
     control_.setAccess(&kPassword, kCFPreferencesCurrentUser);
-    valueTransferServices().encipher = [](std::string_view) {
+    valueTransferServices().encipher = [](std::string_view, std::size_t) {
         return CipherResult{-3, {}};
     };
     EXPECT_FALSE(control_.SetValueToPreferenceWithPrinterSettings());
@@ -584,6 +584,85 @@ TEST_F(PreferenceTransfer, APasswordThatIsNotStoredIsNotDeciphered) {
     };
     EXPECT_FALSE(control_.GetValueFromPreferenceWithPrinterSettings());
     EXPECT_THAT(log_.all(), IsEmpty());
+}
+
+// The services that are there from the start.
+
+TEST(RealTransferServices, AreThereFromTheStart) {
+    const ValueTransferServices& services = valueTransferServices();
+    ASSERT_TRUE(services.isUserAdmin && services.encipher && services.decipher);
+    EXPECT_EQ(services.encipher("secret", 256).text, "sUA4p7hcZW4z3x7PPSq0lQ==");
+    EXPECT_EQ(services.decipher("sUA4p7hcZW4z3x7PPSq0lQ==").text, "secret");
+}
+
+class RealCipher : public PreferenceTransfer {
+  protected:
+    RealCipher() {
+        valueTransferServices() = {nullptr, encipher_password, decipher_password};
+        control_.setAccess(&kPassword, kCFPreferencesCurrentUser);
+    }
+    ~RealCipher() override { control_.setAccess(nullptr); }
+    std::string stored() const { return settings_text(settings_, kPassword.preferenceKey); }
+    std::string ticketOf(std::string text) {
+        constexpr AccessInfo kBoth{"com.norvalen.test.ticket", kJBApasswordStr[0].data()};
+        control_.setAccess(&kBoth, kCFPreferencesCurrentUser);
+        control_.setText(std::move(text));
+        settings_.setValue(kBoth.ticketKey, std::string("before"), false);
+        const bool written = control_.SetValueToTicketWithNSPEnc(&settings_, false);
+        control_.setAccess(nullptr);
+        return settings_text(settings_, kBoth.ticketKey) + (written ? "" : " (refused)");
+    }
+};
+
+// printf secret | openssl enc -aes-256-cbc -base64 -A, with the key and vector that stored_password_test.cpp
+// tells.
+TEST_F(RealCipher, StoresAndReadsAPassword) {
+    control_.setText("secret");
+    ASSERT_TRUE(control_.SetValueToPreferenceWithPrinterSettings());
+    EXPECT_EQ(stored(), "sUA4p7hcZW4z3x7PPSq0lQ==");
+    control_.setText("other");
+    ASSERT_TRUE(control_.GetValueFromPreferenceWithPrinterSettings());
+    EXPECT_EQ(control_.text(), "secret");
+    EXPECT_EQ(ticketOf("secret"), "sUA4p7hcZW4z3x7PPSq0lQ==");
+}
+
+TEST_F(RealCipher, AnEmptyPasswordIsStoredEmptyAndNotReadAgain) {
+    control_.setText("");
+    ASSERT_TRUE(control_.SetValueToPreferenceWithPrinterSettings());
+    EXPECT_EQ(stored(), "");
+    EXPECT_FALSE(control_.GetValueFromPreferenceWithPrinterSettings());
+    EXPECT_THAT(log_.all(), ElementsAre("##JBA debug## GetValueFromPreference encode fail: -2 "));
+    EXPECT_EQ(ticketOf(""), "");
+}
+
+TEST_F(RealCipher, APasswordThatIsTooLongIsNotStored) {
+    EXPECT_EQ(ticketOf(std::string(176, 'x')), "before (refused)");
+    EXPECT_EQ(ticketOf(std::string(255, 'x')), "before (refused)");
+    EXPECT_THAT(log_.all(), IsEmpty()) << "the cipher did its part";
+    control_.setAccess(&kPassword, kCFPreferencesCurrentUser);
+    control_.setText(std::string(239, 'x'));
+    EXPECT_FALSE(control_.SetValueToPreferenceWithPrinterSettings());
+    EXPECT_THAT(log_.all(), IsEmpty());
+    control_.setText(std::string(240, 'x'));
+    EXPECT_FALSE(control_.SetValueToPreferenceWithPrinterSettings());
+    EXPECT_EQ(log_.all().back(), "##JBA debug##  SetValueToPreference encode fail: 99 ");
+    EXPECT_EQ(stored(), "(none)");
+}
+
+TEST_F(RealCipher, AnIllFormedPasswordIsNeverWrittenPlain) {
+    control_.setText("secret\xC3");
+    EXPECT_FALSE(control_.SetValueToPreferenceWithPrinterSettings());
+    EXPECT_EQ(stored(), "(none)");
+    EXPECT_EQ(ticketOf("secret\xC3"), "before (refused)");
+}
+
+TEST_F(RealCipher, StoredTextThatIsNoneLeavesTheValue) {
+    for (const char* text : {"junk", "sUA4p7hcZW4z3x7PPSq0lA==", "secret"}) {
+        settings_.setValue(kPassword.preferenceKey, std::string(text), false);
+        EXPECT_FALSE(control_.GetValueFromPreferenceWithPrinterSettings()) << text;
+        EXPECT_EQ(control_.text(), "value");
+    }
+    EXPECT_EQ(log_.all().back(), "##JBA debug## GetValueFromPreference encode fail: -2 ");
 }
 
 } // namespace

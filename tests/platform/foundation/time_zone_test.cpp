@@ -47,6 +47,22 @@ TEST_F(TimeZoneTest, DaylightSavingBeginsOnItsSecond) {
     EXPECT_EQ(seconds_from_gmt(change), 7200);
 }
 
+TEST_F(TimeZoneTest, TellsWhetherDaylightSavingIsOn) {
+    set_local_time_zone("Europe/Berlin");
+    EXPECT_FALSE(is_daylight_saving_time(kWinter));
+    EXPECT_TRUE(is_daylight_saving_time(kSummer));
+    const auto change = sys_days(2024y / 3 / 31) + 1h;
+    EXPECT_FALSE(is_daylight_saving_time(change - 1ns));
+    EXPECT_TRUE(is_daylight_saving_time(change));
+    set_local_time_zone("Australia/Sydney");
+    EXPECT_TRUE(is_daylight_saving_time(kWinter));
+    EXPECT_FALSE(is_daylight_saving_time(kSummer));
+    for (const char* zone : {"Asia/Tokyo", "Etc/UTC", "No/Such"}) {
+        set_local_time_zone(zone);
+        EXPECT_FALSE(is_daylight_saving_time(kSummer)) << zone;
+    }
+}
+
 TEST_F(TimeZoneTest, KnowsMomentsBeforeTheEpoch) {
     set_local_time_zone("Europe/Berlin");
     EXPECT_EQ(seconds_from_gmt(sys_days(1960y / 7 / 1)), 3600);
