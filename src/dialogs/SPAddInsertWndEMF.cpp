@@ -8,7 +8,6 @@
 #include "dialogs/SPInsertOptionListEMF.h"
 #include "dialogs/SPInsertPageTextEditEMF.h"
 #include "dialogs/dialog_builder.h"
-#include "dialogs/dialog_buttons.h"
 #include "dialogs/inserts_tables.h"
 #include "paper/SPJobSettingScrollViewCtrlEMF.h"
 #include "paper/SPPageSettingScrollViewCtrlEMF.h"
@@ -239,6 +238,10 @@ void SPAddInsertWndEMF::replayValues() {
     } else {
         SetCurrentValueToUI();
     }
+    recheckConflicts();
+}
+
+void SPAddInsertWndEMF::recheckConflicts() {
     if (m_SPInsertSelePaperBtnPtr != nullptr) {
         m_SPInsertSelePaperBtnPtr->updateSelectionArray();
         m_SPInsertSelePaperBtnPtr->UpdateSelfConflictsFromPPD(GetCurrentPPD());
@@ -365,6 +368,14 @@ bool SPAddInsertWndOKButCtrlEMF::ISRecordedCurrentPage(const std::string& page, 
     const auto* dialog = dynamic_cast<const SPAddInsertWndEMF*>(ctrlParentPanelPtr);
     return dialog != nullptr &&
            specialpages::ISRecordedCurrentPage(*dialog->getInsertDataRecordsPtr(), page, atIndex);
+}
+
+bool SPAddInsertRestoreButtonEMF::UIEventHandler() {
+    SPRestoreButtonEMF::UIEventHandler();
+    if (auto* dialog = dynamic_cast<SPAddInsertWndEMF*>(ctrlParentPanelPtr)) {
+        dialog->recheckConflicts();
+    }
+    return true;
 }
 
 bool SPAddInsertWndOKButCtrlEMF::UIEventHandler() {

@@ -7,6 +7,7 @@
 #include "controls/BaseButtonEMFSpecialPages.h"
 #include "controls/PopupWinInPanelEMFSpecialPages.h"
 #include "dialogs/InsertsWindow.h"
+#include "dialogs/dialog_buttons.h"
 #include "records/RecordDialog.h"
 
 #include <cstdint>
@@ -20,11 +21,9 @@ struct InsertRequest;
 struct InsertValues;
 class SPAddInsertQuantityLArrEMF;
 class SPAddInsertQuantityTextEditEMF;
-class SPCancelButCtrlEMF;
 class SPHelpButtonEMF;
 class SPJobSettingScrollViewCtrlEMF;
 class SPPageSettingScrollViewCtrlEMF;
-class SPRestoreButtonEMF;
 class SPSelectPaperListCtrlEMF;
 class SPSummaryScrollViewCtrl;
 class StaticTextEditControlEMFSpecialPages;
@@ -37,6 +36,12 @@ class SPAddInsertWndOKButCtrlEMF : public BaseButtonEMFSpecialPages {
     /// Whether one of the window's inserts stands at that page, compared as integers; the first one's index
     /// goes to `atIndex` unless that is null.
     bool ISRecordedCurrentPage(const std::string& page, std::size_t* atIndex) const;
+};
+
+/// The defaults may allow what the choices before them forbade, so the paper is checked again.
+class SPAddInsertRestoreButtonEMF : public SPRestoreButtonEMF {
+  public:
+    bool UIEventHandler() override;
 };
 
 class SPAddInsertWndEMF : public PopupWinInPanelEMFSpecialPages, public InsertsWindow, public RecordDialog {
@@ -52,6 +57,9 @@ class SPAddInsertWndEMF : public PopupWinInPanelEMFSpecialPages, public InsertsW
     /// Puts the values into the controls, as committed ones too. A null page text leaves the field alone; an
     /// undecided quantity becomes the default, an undecided option "after the pages".
     void setRelatedCtrlWithRecordsPage(const std::optional<std::string>& page, const InsertValues& values);
+
+    /// Disables what the shown paper forbids, and "before page one" beside a front cover.
+    void recheckConflicts();
 
     // What OK does, in its order.
 
@@ -118,7 +126,7 @@ class SPAddInsertWndEMF : public PopupWinInPanelEMFSpecialPages, public InsertsW
     SPJobSettingScrollViewCtrlEMF* m_SPInstJobSettingViewPtr = nullptr;
     StaticTextEditControlEMFSpecialPages* m_SPInstJobSettingTitlePtr = nullptr;
     SPHelpButtonEMF* m_SPInstHelpBtnPtr = nullptr;
-    SPRestoreButtonEMF* m_SPInstDefaultBtnPtr = nullptr;
+    SPAddInsertRestoreButtonEMF* m_SPInstDefaultBtnPtr = nullptr;
     SPCancelButCtrlEMF* m_SPInstCancelBtnPtr = nullptr;
     SPAddInsertWndOKButCtrlEMF* m_SPInstOKBtnPtr = nullptr;
     RecordList m_InsertDataRecords;
