@@ -1,5 +1,6 @@
 #include "dialogs/SPAddInsertWndEMF.h"
 #include "dialogs/inserts_fixture.h"
+#include "platform/services/help_viewer.h"
 #include "records/insert_records.h"
 
 #include <gmock/gmock.h>
@@ -673,6 +674,26 @@ TEST_F(CustomInserts, CustomSizesThatDifferStayEachRecordsOwn) {
     });
     EXPECT_EQ(briefRecords(), (Brief{"3,0,1 " + index + ",0,0,false 150.0,333.3,0 false",
                                      "5,0,1 " + index + ",0,0,false 160.0,300.0,1 false"}));
+}
+
+// Help.
+
+TEST_F(InsertsDialog, HelpOpensThePageOfTheInserts) {
+    open();
+    std::vector<std::string> opened;
+    const auto before =
+        platform::setHelpOpener([&](std::string_view, std::string_view page, std::string_view) {
+            opened.emplace_back(page);
+            return platform::noErr;
+        });
+    add([&](Window& inserts) {
+        click(inserts, SPInstWndHelpBtnTagID);
+        EXPECT_TRUE(inserts.isOpen());
+        cancel(inserts);
+    });
+    platform::setHelpOpener(before);
+    ASSERT_EQ(opened.size(), 1U);
+    EXPECT_NE(opened[0].find("SpecialPagesInsert_Default01.htm"), std::string::npos) << opened[0];
 }
 
 // The window's own operations.
