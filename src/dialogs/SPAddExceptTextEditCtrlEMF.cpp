@@ -78,8 +78,7 @@ void SPAddExceptTextEditCtrlEMF::ShowErrMsg(std::int32_t warning) {
         ctrlParentPanelPtr == nullptr ? nullptr : ctrlParentPanelPtr->GetPDEBundleRef();
     if (bundle != nullptr && textEditFilterDataPtr != nullptr &&
         textEditFilterDataPtr->messageKey != nullptr) {
-        showAlert(
-            localized(*bundle, page_list_message_key(kExceptionPageList, warning), kNoTranslation));
+        showAlert(localized(*bundle, page_list_message_key(kExceptionPageList, warning), kNoTranslation));
     }
 }
 

@@ -240,8 +240,8 @@ bool SPAddExceptionWndEMF::resolveTypedPages() {
         request.pages = addExceptPageDefineEtxtCtrl->getPageNumIndex();
     }
     if (auto* menu = addExceptPaperSelectListCtrl) {
-        request.customSize =
-            menu->doCustomSizeSetCheckByIndex(menu->getSelectedMenuItemIndexByType(type_number(PaperPart::size)));
+        request.customSize = menu->doCustomSizeSetCheckByIndex(
+            menu->getSelectedMenuItemIndexByType(type_number(PaperPart::size)));
         if (!request.customSize) {
             menu->setDefaultCustomValue();
         }
