@@ -4,7 +4,6 @@
 #include "controls/StaticTextEditControlEMFSpecialPages.h"
 #include "dialogs/SPAddExceptTextEditCtrlEMF.h"
 #include "dialogs/dialog_builder.h"
-#include "dialogs/dialog_buttons.h"
 #include "dialogs/exceptions_tables.h"
 #include "paper/SPAddExceptSubMenuListCtrlEMF.h"
 #include "paper/SPJobSettingScrollViewCtrlEMF.h"
@@ -215,6 +214,10 @@ void SPAddExceptionWndEMF::replayValues() {
     } else {
         SetCurrentValueToUI();
     }
+    recheckConflicts();
+}
+
+void SPAddExceptionWndEMF::recheckConflicts() {
     ppd_file_s* ppd = GetCurrentPPD();
     if (addExceptPaperSelectListCtrl != nullptr) {
         addExceptPaperSelectListCtrl->updateSelectionArray();
@@ -313,6 +316,14 @@ const PaperTitles* SPAddExceptionWndEMF::paperTitles() {
 
 SPSummaryScrollViewCtrl* SPAddExceptionWndEMF::summary() {
     return hub() == nullptr ? nullptr : hub()->getSPSummaryScrollViewCtrlPtr();
+}
+
+bool SPAddExceptRestoreButtonEMF::UIEventHandler() {
+    SPRestoreButtonEMF::UIEventHandler();
+    if (auto* dialog = dynamic_cast<SPAddExceptionWndEMF*>(ctrlParentPanelPtr)) {
+        dialog->recheckConflicts();
+    }
+    return true;
 }
 
 bool SPAddExceptWndOKButCtrlEMF::UIEventHandler() {

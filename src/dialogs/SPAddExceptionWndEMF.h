@@ -7,6 +7,7 @@
 
 #include "controls/BaseButtonEMFSpecialPages.h"
 #include "controls/PopupWinInPanelEMFSpecialPages.h"
+#include "dialogs/dialog_buttons.h"
 #include "records/RecordDialog.h"
 #include "records/exception_rows.h"
 
@@ -19,11 +20,9 @@ namespace specialpages {
 struct ShownExceptions;
 class SPAddExceptSubMenuListCtrlEMF;
 class SPAddExceptTextEditCtrlEMF;
-class SPCancelButCtrlEMF;
 class SPHelpButtonEMF;
 class SPJobSettingScrollViewCtrlEMF;
 class SPPageSettingScrollViewCtrlEMF;
-class SPRestoreButtonEMF;
 class SPSummaryScrollViewCtrl;
 class SPTwoSidePrintListCtrlEMF;
 class StaticTextEditControlEMFSpecialPages;
@@ -31,6 +30,12 @@ class StaticTextEditControlEMFSpecialPages;
 class SPAddExceptWndOKButCtrlEMF : public BaseButtonEMFSpecialPages {
   public:
     /// False while the dialog stays open: a control refused its value, or there would be too many records.
+    bool UIEventHandler() override;
+};
+
+/// The defaults may allow what the choices before them forbade, so paper and sides are checked again.
+class SPAddExceptRestoreButtonEMF : public SPRestoreButtonEMF {
+  public:
     bool UIEventHandler() override;
 };
 
@@ -46,6 +51,8 @@ class SPAddExceptionWndEMF : public PopupWinInPanelEMFSpecialPages, public Recor
     void setRelatedControlWithRecords(const ShownExceptions& shown);
     /// Page text, paper menu and two-side list with nothing filled in.
     void RestoreDefaultValue();
+    /// Disables what the shown paper and sides forbid of one another.
+    void recheckConflicts();
 
     // What OK does, in its order.
 
@@ -103,7 +110,7 @@ class SPAddExceptionWndEMF : public PopupWinInPanelEMFSpecialPages, public Recor
     SPTwoSidePrintListCtrlEMF* addExceptTowSidePrintListCtrl = nullptr;
     SPJobSettingScrollViewCtrlEMF* addExceptWndJobSettingViewCtrlPtr = nullptr;
     SPHelpButtonEMF* addExceptHelpButPtr = nullptr;
-    SPRestoreButtonEMF* addExceptDefaultButPtr = nullptr;
+    SPAddExceptRestoreButtonEMF* addExceptDefaultButPtr = nullptr;
     SPCancelButCtrlEMF* addExceptCancelButton = nullptr;
     SPAddExceptWndOKButCtrlEMF* addExceptOKBtnCtrl = nullptr;
 
