@@ -41,13 +41,15 @@ inline constexpr std::int32_t kPlain = 0;
 inline constexpr std::int32_t kPlainOneSide = 1;
 inline constexpr std::int32_t kFine = 4;
 
+// Saved exceptions are: type, pages, size, type of paper, color, interposer, sides, width, length, unit.
+
 /// A saved exception of A4, white, plain paper, one-sided.
 inline std::string plain_exception(const std::string& pages) {
     return "2," + pages + ",2,0,0,false,1,210.0,297.0,1";
 }
 /// The same in that color.
 inline std::string colored_exception(const std::string& pages, std::int32_t color) {
-    return "2," + pages + ",2," + std::to_string(color) + ",0,false,1,210.0,297.0,1";
+    return "2," + pages + ",2,0," + std::to_string(color) + ",false,1,210.0,297.0,1";
 }
 /// The same with that two-side value.
 inline std::string sided_exception(const std::string& pages, std::int32_t sides) {
