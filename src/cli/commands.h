@@ -12,9 +12,11 @@ namespace specialpages::cli {
 
 struct ApplyOptions {
     PaneOptions pane;
+    std::optional<std::string> job; ///< what to enter through the dialogs
     std::string out = kStandardStream;
 };
-/// Restores the pane from the settings, prints, and writes the settings.
+/// Restores the pane from the settings, enters the job, prints, and writes the settings. Nothing is written
+/// when an entry of the job is refused.
 void apply_command(const ApplyOptions& options, Streams streams);
 
 struct ShowOptions {
@@ -53,6 +55,16 @@ struct ConstraintsOptions {
 /// What the PPD's constraint index holds: its counts; all entries; the choices that forbid one choice; or the
 /// index as a cache file. HostError for a choice that the PPD does not have.
 void constraints_command(const ConstraintsOptions& options, Streams streams);
+
+struct MenusOptions {
+    PaneOptions pane;
+    std::string window = "covers"; ///< covers, inserts or exceptions
+    std::string select;            ///< "size=KEYWORD,color=KEYWORD,type=KEYWORD", each part optional
+    bool json = false;
+};
+/// What a person sees in the paper menu of that window with that selection: every item, whether it is allowed
+/// and, when it is not, which choice forbids it. HostError for a selection that the pane does not allow.
+void menus_command(const MenusOptions& options, Streams streams);
 
 /// The line protocol, until `quit` or the end of input.
 void drive_command(const PaneOptions& options, Streams streams);

@@ -12,6 +12,36 @@ namespace specialpages::cli {
 /// The table of special pages; its columns are page, type and setup, in this order.
 inline constexpr std::int32_t kSpecialPagesTableTag = 104;
 
+/// The pane's buttons that open dialogs.
+inline constexpr std::int32_t kAddCoversTag = 100;
+inline constexpr std::int32_t kAddInsertsTag = 101;
+inline constexpr std::int32_t kAddExceptionsTag = 102;
+
+// Views of the dialogs.
+inline constexpr std::int32_t kCoverOptionTag = 201;
+inline constexpr std::int32_t kFrontPaperTag = 204;
+inline constexpr std::int32_t kFrontPrintingTag = 206;
+inline constexpr std::int32_t kBackPaperTag = 209;
+inline constexpr std::int32_t kBackPrintingTag = 211;
+inline constexpr std::int32_t kCoversOKTag = 217;
+inline constexpr std::int32_t kInsertOptionTag = 3202;
+inline constexpr std::int32_t kInsertQuantityTag = 3204;
+inline constexpr std::int32_t kInsertPagesTag = 3207;
+inline constexpr std::int32_t kInsertPaperTag = 3210;
+inline constexpr std::int32_t kInsertsOKTag = 3216;
+inline constexpr std::int32_t kExceptionPagesTag = 311;
+inline constexpr std::int32_t kExceptionPaperTag = 312;
+inline constexpr std::int32_t kExceptionSidesTag = 314;
+inline constexpr std::int32_t kExceptionsOKTag = 315;
+
+// Positions in the menus of the dialogs.
+inline constexpr std::int64_t kFrontCoverItem = 1;
+inline constexpr std::int64_t kInsertAfterItem = 0;
+inline constexpr std::int64_t kInsertBeforeItem = 1;
+inline constexpr std::int64_t kNoChangeItem = 1;
+inline constexpr std::int64_t kSizeItem = 2; ///< color and type follow
+inline constexpr std::int64_t kInterposerItem = 5;
+
 /// A printer whose PPD has no such attribute has no pane.
 inline constexpr const char* kProductAttribute = "NVXSpecialPagesSettings";
 

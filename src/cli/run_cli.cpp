@@ -52,6 +52,10 @@ void add_apply(CLI::App& app, ApplyOptions& options) {
         "apply", "Restores the pane from print settings, prints, and writes the job's settings");
     command.add_option("--ppd", options.pane.ppd, kPpdHelp)->type_name("FILE")->required();
     command.add_option("--settings", options.pane.settings, kSettingsHelp)->type_name("IN");
+    command
+        .add_option("--job", options.job,
+                    "Covers, inserts and exceptions to declare, JSON (-: standard input)")
+        ->type_name("JOB");
     add_marks(command, options.pane);
     command.add_option("--printer", options.pane.printer, "Identifier of the printer (default: its model)")
         ->type_name("ID");
@@ -110,6 +114,20 @@ void add_constraints(CLI::App& app, ConstraintsOptions& options) {
     conflicts.excludes(&cache);
 }
 
+void add_menus(CLI::App& app, MenusOptions& options) {
+    CLI::App& command = *app.add_subcommand(
+        "menus", "Shows the paper menus: what is offered, what is not allowed, and what forbids it");
+    command.add_option("--ppd", options.pane.ppd, kPpdHelp)->type_name("FILE")->required();
+    add_marks(command, options.pane);
+    command.add_option("--window", options.window, "The dialog whose menu is shown")
+        ->type_name("covers|inserts|exceptions")
+        ->capture_default_str();
+    command.add_option("--select", options.select, "The paper to choose first")
+        ->type_name("size=A4,color=...,type=...");
+    command.add_option("--lang", options.pane.language, kLanguageHelp)->type_name("LANG");
+    command.add_flag("--json", options.json, "JSON in place of lines");
+}
+
 void run_parsed(const std::vector<std::string>& arguments, Streams streams, CLI::App& app) {
     app.require_subcommand(0, 1); // none: told below, after arguments that belong to none
     app.fallthrough();
@@ -129,6 +147,8 @@ void run_parsed(const std::vector<std::string>& arguments, Streams streams, CLI:
     add_pages(app, pages);
     ConstraintsOptions constraints;
     add_constraints(app, constraints);
+    MenusOptions menus;
+    add_menus(app, menus);
     PaneOptions drive;
     add_drive(app, drive);
 
@@ -146,6 +166,8 @@ void run_parsed(const std::vector<std::string>& arguments, Streams streams, CLI:
         pages_command(pages, streams);
     } else if (app.got_subcommand("constraints")) {
         constraints_command(constraints, streams);
+    } else if (app.got_subcommand("menus")) {
+        menus_command(menus, streams);
     } else if (app.got_subcommand("drive")) {
         drive_command(drive, streams);
     } else {

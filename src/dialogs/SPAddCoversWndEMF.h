@@ -5,6 +5,7 @@
 #include "controls/BaseButtonEMFSpecialPages.h"
 #include "controls/PopupWinInPanelEMFSpecialPages.h"
 #include "paper/CoversWindow.h"
+#include "paper/SPCoversSelectPaperListCtrlEMF.h"
 #include "records/RecordDialog.h"
 
 #include <cstdint>

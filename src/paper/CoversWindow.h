@@ -6,8 +6,8 @@
 
 namespace specialpages {
 
-class SPCoversSelectPaperListCtrlEMF;
 class SPCoversWinListCtrlEMF;
+class SPSelectPaperListCtrlEMF;
 
 /// Position of the option list, 0-based.
 enum class CoverOption { none = 0, frontOnly = 1, backOnly = 2, same = 3, different = 4 };
@@ -23,8 +23,8 @@ class CoversWindow {
     virtual SPCoversWinListCtrlEMF* getSPCoversOptionsListPtr() = 0;
     virtual SPCoversWinListCtrlEMF* getSPCoverWndFrontPrintingOptionListPtr() = 0;
     virtual SPCoversWinListCtrlEMF* getSPCoverWndBackPrintingOptionListPtr() = 0;
-    virtual SPCoversSelectPaperListCtrlEMF* getSPCoverWndFrontSelectPaperListPtr() = 0;
-    virtual SPCoversSelectPaperListCtrlEMF* getSPCoverWndBackSelectPaperListPtr() = 0;
+    virtual SPSelectPaperListCtrlEMF* getSPCoverWndFrontSelectPaperListPtr() = 0;
+    virtual SPSelectPaperListCtrlEMF* getSPCoverWndBackSelectPaperListPtr() = 0;
     /// The window's working copy of the cover records; null when there is none.
     virtual const RecordList* getCoversDataRecordsPtr() = 0;
 };

@@ -6,7 +6,6 @@
 #include "paper/CoversWindow.h"
 #include "paper/SPCoversWinListCtrlEMF.h"
 #include "paper/covers_tags.h"
-#include "paper/interposer_tray.h"
 #include "paper/paper_windows.h"
 #include "platform/toolkit/PopUpButton.h"
 
@@ -63,8 +62,8 @@ void SPCoversSelectPaperListCtrlEMF::followPrintingPosition(std::int64_t positio
         SetSubMenuToJobSettingByIndex(kJobSettingOfSize);
         doCoversSelectPaperListPPDConstraint();
     }
-    // What bars the interposer altogether is looked at again by the re-check that ends the update.
-    enabledSubMenuByIndex(kInterposerIndex, blank && interposer_conflict(currentPPD()).choice == nullptr);
+    // What bars the interposer altogether disables it again in the re-check that ends the update.
+    enabledSubMenuByIndex(kInterposerIndex, blank);
 }
 
 void SPCoversSelectPaperListCtrlEMF::takeFrontPaper(CoversWindow& window) {
@@ -90,7 +89,7 @@ void SPCoversSelectPaperListCtrlEMF::doPrintingOptionsConstraint() {
     if (window == nullptr) {
         return;
     }
-    const auto follow = [](SPCoversWinListCtrlEMF* list, const SPCoversSelectPaperListCtrlEMF* menu) {
+    const auto follow = [](SPCoversWinListCtrlEMF* list, const SPSelectPaperListCtrlEMF* menu) {
         if (list != nullptr && menu != nullptr) {
             list->doConstraintWithInterposer(menu->getInterPoser());
         }

@@ -2,7 +2,7 @@
 
 #include "controls/ControlPanel.h"
 #include "paper/CoversWindow.h"
-#include "paper/SPCoversSelectPaperListCtrlEMF.h"
+#include "paper/SPSelectPaperListCtrlEMF.h"
 #include "paper/conflict_tips.h"
 #include "paper/covers_tags.h"
 #include "platform/toolkit/PopUpButton.h"
@@ -33,7 +33,7 @@ CoversWindow* SPCoversWinListCtrlEMF::coversWindow() const {
     return dynamic_cast<CoversWindow*>(ctrlParentPanelPtr);
 }
 
-SPCoversSelectPaperListCtrlEMF* SPCoversWinListCtrlEMF::ownPaperMenu() const {
+SPSelectPaperListCtrlEMF* SPCoversWinListCtrlEMF::ownPaperMenu() const {
     CoversWindow* window = coversWindow();
     if (window == nullptr || !(isFront() || isBack())) {
         return nullptr;
@@ -161,7 +161,7 @@ void SPCoversWinListCtrlEMF::UpdateConflictsFromPPD() {
 }
 
 ConflictingChoice SPCoversWinListCtrlEMF::itemConflict(std::string_view key, ppd_file_s* ppd) const {
-    const SPCoversSelectPaperListCtrlEMF* menu = ownPaperMenu();
+    const SPSelectPaperListCtrlEMF* menu = ownPaperMenu();
     if (menu == nullptr) {
         return {};
     }

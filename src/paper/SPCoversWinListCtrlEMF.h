@@ -9,7 +9,7 @@
 namespace specialpages {
 
 class CoversWindow;
-class SPCoversSelectPaperListCtrlEMF;
+class SPSelectPaperListCtrlEMF;
 
 class SPCoversWinListCtrlEMF : public SPDuplexListCtrlEMF {
   public:
@@ -39,7 +39,7 @@ class SPCoversWinListCtrlEMF : public SPDuplexListCtrlEMF {
     bool isFront() const;
     bool isBack() const;
     CoversWindow* coversWindow() const;
-    SPCoversSelectPaperListCtrlEMF* ownPaperMenu() const;
+    SPSelectPaperListCtrlEMF* ownPaperMenu() const;
     ConflictingChoice itemConflict(std::string_view key, ppd_file_s* ppd) const;
     std::optional<std::int32_t> recordedPosition(const RecordList& records) const;
     void fallBackToSideOne();

@@ -9,10 +9,6 @@
 
 namespace specialpages {
 
-namespace {
-constexpr std::int64_t kLeastItems = 2;
-} // namespace
-
 void SPDuplexListCtrlEMF::CreateControl(platform::View* view, const PopupIniData* IniData,
                                         const ConstraintRecord* ConstrainArray, const AccessInfo* accessInfo,
                                         std::string_view usernamein, const char* equalPPDKey,
@@ -34,7 +30,7 @@ std::int32_t SPDuplexListCtrlEMF::UpdateConflictsPanelControlFromPPD(ppd_file_s*
     }
     const auto* menu =
         dynamic_cast<SPSelectPaperListCtrlEMF*>(ctrlParentPanelPtr->GetPanelControl(relateSubMenuControlID));
-    if (menu == nullptr || popup()->numberOfItems() < kLeastItems) {
+    if (menu == nullptr) {
         return 0;
     }
     const PaperSelectionArray selection = menu->getCurrentSelectionArray();

@@ -163,6 +163,8 @@ class SPSubMenuListCtrlEMF : public PopupControlEMFSpecialPages, public PaperTit
     void wordInterposerItem(ppd_file_s* ppd);
     void checkItem(PaperPart part, std::int64_t position);
     SidednessList* sidednessList() const;
+    /// The keywords by which indexes of records are read; borrowed from the items.
+    PaperMenuChoices menuChoices() const;
     Surroundings surroundings(ppd_file_s* ppd) const;
     void updateSubMenuConflicts(PaperPart part, const Surroundings& around, ConflictTips& tips);
     ConflictingChoice noChangeConflict(PaperPart part, const Surroundings& around) const;

@@ -12,17 +12,29 @@ void ConflictTips::show(platform::MenuItem& item, const ConflictingChoice& reaso
 
 void ConflictTips::show(platform::MenuItem& item, bool enabled, const ConflictingChoice& reason) {
     if (enabled || reason.choice == nullptr) {
-        item.setToolTip({});
-    } else {
-        if (!format_) {
-            constexpr const char* kBareFormat = "%@: %@";
-            format_ = bundle_ == nullptr
-                          ? kBareFormat
-                          : bundle_->localizedStringForKey(kConflictToolTipKey, kBareFormat, {});
+        if (!item.toolTip().empty()) {
+            item.setToolTip({});
         }
-        item.setToolTip(conflict_text(*format_, reason));
+    } else if (item.toolTip() != words_for(reason)) {
+        item.setToolTip(words_);
     }
-    item.setEnabled(enabled);
+    if (item.isEnabled() != enabled) {
+        item.setEnabled(enabled);
+    }
+}
+
+const std::string& ConflictTips::words_for(const ConflictingChoice& reason) {
+    if (reason.choice == worded_) {
+        return words_;
+    }
+    if (!format_) {
+        constexpr const char* kBareFormat = "%@: %@";
+        format_ = bundle_ == nullptr ? kBareFormat
+                                     : bundle_->localizedStringForKey(kConflictToolTipKey, kBareFormat, {});
+    }
+    worded_ = reason.choice;
+    words_ = conflict_text(*format_, reason);
+    return words_;
 }
 
 } // namespace specialpages

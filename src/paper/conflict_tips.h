@@ -25,8 +25,13 @@ class ConflictTips {
     void show(platform::MenuItem& item, bool enabled, const ConflictingChoice& reason);
 
   private:
+    const std::string& words_for(const ConflictingChoice& reason);
+
     platform::Bundle* bundle_;
     std::optional<std::string> format_;
+    /// The reason that was put into words last: many items in a row have the same.
+    const ppd_choice_t* worded_ = nullptr;
+    std::string words_;
 };
 
 } // namespace specialpages

@@ -1,9 +1,9 @@
 #include "paper/paper_conflicts.h"
 
-#include "ppd/name_lookup.h"
 #include "ppd/ppd_keywords.h"
 
 #include <algorithm>
+#include <cstring>
 
 namespace specialpages {
 
@@ -13,6 +13,13 @@ template <typename Item>
 std::span<const Item> span_of(const Item* items, int count) {
     return items == nullptr || count <= 0 ? std::span<const Item>()
                                           : std::span(items, static_cast<std::size_t>(count));
+}
+
+/// Equality with a fixed field of the PPD, without looking for the field's end first.
+template <std::size_t Size>
+bool is_text(const char (&field)[Size], std::string_view text) {
+    return text.size() <= Size && std::memcmp(field, text.data(), text.size()) == 0 &&
+           (text.size() == Size || field[text.size()] == '\0');
 }
 
 bool is_tested_with_its_selection(std::string_view option, const PaperOptionKeys& keys) {
@@ -76,6 +83,13 @@ PaperConflicts::PaperConflicts(const PaperSituation& situation, bool isNoChangeC
 }
 
 void PaperConflicts::number_choices(const ppd_file_t& ppd) {
+    std::size_t options = 0;
+    for (const ppd_group_t& group : span_of(ppd.groups, ppd.num_groups)) {
+        options += span_of(group.options, group.num_options).size();
+    }
+    firstOptions_.reserve(span_of(ppd.groups, ppd.num_groups).size() + 1);
+    firstChoices_.reserve(options + 1);
+    options_.reserve(options);
     std::uint32_t choices = 0;
     for (const ppd_group_t& group : span_of(ppd.groups, ppd.num_groups)) {
         firstOptions_.push_back(static_cast<std::uint32_t>(options_.size()));
@@ -93,12 +107,12 @@ void PaperConflicts::number_choices(const ppd_file_t& ppd) {
 void PaperConflicts::test(std::string_view option, std::string_view choice) {
     const Rank rank = next_++;
     for (std::size_t number = 0; number < options_.size(); ++number) {
-        if (choice.empty() || field_text(options_[number]->keyword) != option) {
+        if (choice.empty() || !is_text(options_[number]->keyword, option)) {
             continue;
         }
         Rank* ranked = ranks_.data() + firstChoices_[number];
         for (const ppd_choice_t& each : span_of(options_[number]->choices, options_[number]->num_choices)) {
-            if (*ranked == kUntested && field_text(each.choice) == choice) {
+            if (*ranked == kUntested && is_text(each.choice, choice)) {
                 *ranked = rank;
             }
             ++ranked;
@@ -142,8 +156,8 @@ void PaperConflicts::test_sidedness(const PaperSituation& situation, bool isNoCh
     FirstTimes fresh(situation.sidedness->byRecord.size());
     for (const SelectedPaper& record : situation.records) {
         if (fresh.take(record.twoSidePrint)) {
-            for (const char* choice :
-                 *duplex_choices_at(situation.sidedness->byRecord, record.twoSidePrint)) {
+            const auto side = static_cast<std::size_t>(record.twoSidePrint);
+            for (const char* choice : situation.sidedness->byRecord[side]) {
                 test(kPPDDuplex, choice);
             }
         }

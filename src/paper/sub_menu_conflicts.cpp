@@ -15,6 +15,16 @@
 
 namespace specialpages {
 
+namespace {
+
+/// The keyword behind an item, borrowed from it; empty when it has none.
+std::string_view choice_of(const platform::MenuItem& item) {
+    const std::optional<std::string>& object = item.representedObject();
+    return object ? std::string_view(*object) : std::string_view();
+}
+
+} // namespace
+
 /// What one re-check asks for all items, with what it borrows.
 struct SPSubMenuListCtrlEMF::Surroundings {
     ppd_file_s* ppd = nullptr;
@@ -47,6 +57,17 @@ SidednessList* SPSubMenuListCtrlEMF::sidednessList() const {
                : dynamic_cast<SidednessList*>(ctrlParentPanelPtr->GetPanelControl(*duplexControlIDPtr));
 }
 
+PaperMenuChoices SPSubMenuListCtrlEMF::menuChoices() const {
+    PaperMenuChoices all;
+    for (const PaperPart part : kPaperParts) {
+        const platform::Menu* menu = getSubMenuRef(static_cast<std::int64_t>(part));
+        for (std::size_t i = 1; menu != nullptr && i < menu->numberOfItems(); ++i) {
+            all[part_index(part)].push_back(choice_of(*menu->itemAtIndex(static_cast<std::int64_t>(i))));
+        }
+    }
+    return all;
+}
+
 SPSubMenuListCtrlEMF::Surroundings SPSubMenuListCtrlEMF::surroundings(ppd_file_s* ppd) const {
     Surroundings around;
     around.ppd = ppd;
@@ -68,13 +89,8 @@ SPSubMenuListCtrlEMF::Surroundings SPSubMenuListCtrlEMF::surroundings(ppd_file_s
     situation.optionKeys = ppdKeyArray;
     situation.selections = currentSelectionArray;
     situation.records = around.records;
-    for (const PaperPart part : kPaperParts) {
-        const platform::Menu* menu = getSubMenuRef(static_cast<std::int64_t>(part));
-        auto& choices = situation.menuChoices[part_index(part)];
-        for (std::size_t i = 1; menu != nullptr && i < menu->numberOfItems(); ++i) {
-            const auto& object = menu->itemAtIndex(static_cast<std::int64_t>(i))->representedObject();
-            choices.push_back(object ? std::string_view(*object) : std::string_view());
-        }
+    if (!around.records.empty()) {
+        situation.menuChoices = menuChoices();
     }
     if (const SidednessList* sidedness = sidednessList()) {
         situation.sidedness = Sidedness{sidedness->getCurrentDuplexArray(), sidedness->duplexChoiceTable()};
@@ -108,8 +124,7 @@ void SPSubMenuListCtrlEMF::updateSubMenuConflicts(PaperPart part, const Surround
     const auto count = menu == nullptr ? 0 : static_cast<std::int64_t>(menu->numberOfItems());
     for (std::int64_t position = 1; position < count; ++position) {
         platform::MenuItem& item = *menu->itemAtIndex(position);
-        const std::string_view choice =
-            item.representedObject() ? std::string_view(*item.representedObject()) : std::string_view();
+        const std::string_view choice = choice_of(item);
         if (choice == kNoChangeKey) {
             tips.show(item, noChangeConflict(part, around));
         } else if (part == PaperPart::size && position == count - 1) {
@@ -127,10 +142,8 @@ ConflictingChoice SPSubMenuListCtrlEMF::noChangeConflict(PaperPart part, const S
     for (const std::string& entry : selectionArrays[part_index(part)]) {
         // The entry is taken for a position here, not for an index.
         const platform::MenuItem* item = menu->itemAtIndex(platform::int_value(entry));
-        if (item == nullptr || !item->representedObject()) {
-            continue;
-        }
-        const ConflictingChoice found = conflicts.reason(keys.of(part), *item->representedObject());
+        const ConflictingChoice found =
+            item == nullptr ? ConflictingChoice{} : conflicts.reason(keys.of(part), choice_of(*item));
         if (found.choice != nullptr) {
             return found;
         }

@@ -155,6 +155,17 @@ TEST_F(CoverPaper, FallsBackToTheFirstAllowedTypeBehindTheHiddenOne) {
     EXPECT_FALSE(front.item(kSize, 4).isEnabled()) << "and tab stock has no custom size";
 }
 
+TEST_F(CoverPaper, NeverFallsBackToTheHiddenType) {
+    ppd.constraint("NVRegionalPaperSetting", "Metric", "MediaType", "Transparency")
+        .option("NVRegionalPaperSetting", "All")
+        .choices({"All", "Metric"});
+    ppd.mark("NVRegionalPaperSetting", "Metric");
+    records = {with_paper(cover("0", "4"), 1, 0, 3)};
+    open();
+    EXPECT_TRUE(front.item(kType, 1).isEnabled()) << "the hidden type is allowed";
+    EXPECT_EQ(front.chosen().type, 1);
+}
+
 TEST_F(CoverPaper, StaysWhereNoTypeIsAllowed) {
     for (const char* type : {"TabbedPaper1", "Transparency", "TabbedPaper2"}) {
         ppd.constraint("PageSize", "A3", "MediaType", type);

@@ -143,6 +143,12 @@ TEST_F(PaperMenu, NeedsIniDataViewAndFiveItems) {
     EXPECT_NE(menu.getSubMenuRef(4), nullptr);
 }
 
+TEST_F(PaperMenu, IsWordedByTheBundleAtHandBeforeThePanelKnowsItsOwn) {
+    pane.setBundle(nullptr);
+    open(menu);
+    EXPECT_THAT(titles(kSize), ElementsAre("No Change", "A3", "A4", "US Letter", "Custom…"));
+}
+
 TEST_F(PaperMenu, WithoutBundleOrPpdStandsEmpty) {
     menu.CreateControl(&popup, "PageSize", "NVMediaColor", "MediaType", &kPaperMenuIniData, nullptr, nullptr,
                        {}, kInsertsWndType, std::nullopt);

@@ -37,9 +37,8 @@ TEST(DuplexTables, AnswerNothingOutsideTheirPositions) {
     EXPECT_EQ(duplex_choices_at(twoSidePrintGetDuplexChoiceArray, -1), std::nullopt);
     EXPECT_EQ(duplex_choices_at(twoSidePrintGetDuplexChoiceArray, 4), std::nullopt);
     EXPECT_EQ(duplex_choices_at({}, 0), std::nullopt);
-    const auto last = duplex_choices_at(twoSidePrintGetDuplexChoiceArray, 3);
-    ASSERT_TRUE(last);
-    EXPECT_THAT(*last, ElementsAre(::testing::StrEq("DuplexNoTumble")));
+    EXPECT_THAT(duplex_choices_at(twoSidePrintGetDuplexChoiceArray, 3),
+                ::testing::Optional(ElementsAre(::testing::StrEq("DuplexNoTumble"))));
 }
 
 class DuplexItem : public ::testing::Test {

@@ -97,7 +97,7 @@ class Slow {
 
     std::string reason() {
         for (std::size_t i = 0; i < s.optionKeys.size() && i < s.selections.size(); ++i) {
-            const std::string found = at_position(s.optionKeys[i], s.selections[i]);
+            std::string found = at_position(s.optionKeys[i], s.selections[i]);
             if (!found.empty()) {
                 return found;
             }
@@ -159,7 +159,7 @@ class Slow {
             const bool there = record.twoSidePrint >= 0 &&
                                record.twoSidePrint < static_cast<int>(s.sidedness->byRecord.size());
             if (!noChange_ && there) {
-                const std::string found =
+                std::string found =
                     first_of(s.sidedness->byRecord[static_cast<std::size_t>(record.twoSidePrint)]);
                 if (!found.empty()) {
                     return found;
@@ -184,7 +184,8 @@ RC_GTEST_PROP(PaperConflictsProperty, EveryItemHasTheReasonThatTheSlowWalkFinds,
         for (const std::string& option : {std::string("PageSize"), std::string("NVMediaColor"),
                                           std::string("MediaType"), std::string("Missing")}) {
             for (const std::string& choice : kChoices) {
-                const std::string slow = Slow(random.situation, option + ":" + choice, noChange).reason();
+                const std::string slow =
+                    Slow(random.situation, ChoiceKey(option, choice).text(), noChange).reason();
                 RC_ASSERT(named(fast.reason(option, choice)) == slow);
                 conflicts += slow.empty() ? 0 : 1;
             }

@@ -226,6 +226,23 @@ TEST_F(ItemConflict, NamesAreComparedExactly) {
     EXPECT_EQ(reason(""), "");
 }
 
+TEST_F(ItemConflict, APlacePastItsOptionOrGroupDoesNotStandForTheNextOne) {
+    PpdBuilder groups;
+    groups.group("First").option("PageSize").choices({"A4", "A3"});
+    groups.group("Second").option("MediaType").choices({"Stationary", "Thick"});
+    groups.option("Duplex").choices({"None", "DuplexTumble"});
+    ConstraintIndex index;
+    index.insert("PageSize:A3", {0, 1, 1}); // would be MediaType, were there one list of options
+    index.insert("PageSize:A3", {0, 0, 3}); // would be Thick, were there one list of choices
+    index.insert("PageSize:A3", {1, 1, 1});
+    situation.ppd = groups.file();
+    situation.index = &index;
+    situation.sidedness = {printingOptionTwoSidedChoice, {}};
+    optionKeys = {"PageSize", "NVMediaColor", "MediaType"};
+    selections = {"A4", "White", "Thick"};
+    EXPECT_EQ(reason("PageSize:A3"), "Duplex:DuplexTumble");
+}
+
 TEST_F(ItemConflict, EntriesThatPointOutsideThePpdAreIgnored) {
     choose("A4", "White", "Thick");
     compiled->index->insert("PageSize:B5", {9, 0, 0});

@@ -195,7 +195,7 @@ class PaperMenuTest : public ::testing::Test {
             rows.insert(row);
         }
         table.selectRowIndexes(rows, platform::ExtendingSelection::no);
-        ASSERT_EQ(list.getArrayOfCurrentSelectedRecords()->size(), selected);
+        ASSERT_EQ(list.getArrayOfCurrentSelectedRecords().value_or(RecordList()).size(), selected);
     }
     bool pick(std::initializer_list<std::int64_t> path) {
         return popup.pick(std::vector<std::int64_t>(path));

@@ -1,5 +1,6 @@
 // The pane's nibs and texts against what the code declares: every outlet and tag is in every nib, every title
 // is in the localised table.
+#include "dialogs/covers_tables.h"
 #include "platform/foundation/Bundle.h"
 #include "platform/toolkit/Nib.h"
 #include "plugin/pane_fixture.h"
@@ -47,6 +48,7 @@ const std::vector<Outlet>& outlets() {
         {"SPAddExceptionsIconView", ViewKind::icon, 113},
         {"SPVerStringSTextCtrl", ViewKind::staticText, 114},
         {"SPMainHelpButton", ViewKind::button, 115},
+        {"CoversWindowRef", ViewKind::window, 0},
         {"WarningWindowRef", ViewKind::window, 0},
     };
     return all;
@@ -106,6 +108,9 @@ TEST_F(PaneNib, EveryTagStandsOnce) {
         for (const ControlTag tag : {801, 802, 803, 804, 805}) {
             EXPECT_EQ(tags.count(tag), 1U) << tag;
         }
+        for (ControlTag tag = spCoversWndCoverOptionListTitleID; tag <= spCoversWndOKButtonID; ++tag) {
+            EXPECT_EQ(tags.count(tag), 1U) << tag;
+        }
     });
 }
 
@@ -154,11 +159,23 @@ TEST(PaneTexts, EveryKeyOfThePaneIsInTheLocalisedTable) {
                                   "SP Warning OK Btn",
                                   "SP Warning Cancel Btn",
                                   "Alert OK Btn",
+                                  "Edit Covers Windows",
+                                  "Add Cover Wnd Cover Options List Title",
+                                  "Add Cover Wnd Front Cover Paper Info View Title",
+                                  "Add Cover Wnd Back Cover Paper Info View Title",
+                                  "Add Cover Wnd Printing Options List Title",
+                                  "Job Setting Reference View Title",
+                                  "Special Pages RESTORE Btn",
+                                  "Special Pages CANCEL Btn",
+                                  "Special Pages OK Btn",
+                                  "Item Conflict Tool Tip",
                                   "Quantity String",
                                   "NVUncollateSeparator-INT"};
     const auto add = [&keys](const auto& table) {
         keys.insert(keys.end(), table.begin(), table.end());
     };
+    add(coverOptionListIniMenu);
+    add(coverSelectPaperListIniMenu);
     add(gInsertPageTypeResourceString);
     add(gInsertPageNumResourceString);
     add(customSizeLongMeasureString);
