@@ -140,7 +140,8 @@ class ExceptionsDialogModel : public ExceptionsDialogTest {
             touched.push_back(page_range(list->records()[row]));
         }
         edit(selected, [&](User& user) {
-            RC_ASSERT(sides ? user.sides(value) : user.paper(kColorMenu, value));
+            const bool taken = sides ? user.sides(value) : user.paper(kColorMenu, value);
+            RC_ASSERT(taken);
             user.ok();
         });
         for (const PageRange& each : touched) {
