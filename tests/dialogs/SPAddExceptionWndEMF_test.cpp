@@ -3,6 +3,7 @@
 #include "dialogs/exceptions_fixture.h"
 #include "paper/SPAddExceptSubMenuListCtrlEMF.h"
 #include "paper/SPTwoSidePrintListCtrlEMF.h"
+#include "paper/paper_windows.h"
 #include "platform/services/help_viewer.h"
 #include "records/exception_records.h"
 
@@ -302,6 +303,41 @@ TEST_F(ExceptionsDialog, WorksWithoutTheWindowsBehindCustomAndAdvanced) {
     EXPECT_THAT(exceptions(), ElementsAre("5 33/0/0 1"));
     EXPECT_EQ(list->records()[0].text(RecordKey::width), "210.0");
     EXPECT_EQ(list->records()[0].text(RecordKey::length), "297.0");
+}
+
+/// The window behind "Advanced": it writes down what it is told.
+class ToldAdvancedWindow : public PopupWinInPanelEMFSpecialPages, public AdvancedPaperWindow {
+  public:
+    void SetSubMenuList(SPSubMenuListCtrlEMF* menu) override { given = menu; }
+    void SetPaperSize(std::int32_t, std::int32_t, std::int32_t, bool) override {}
+    void setDuplexControl(SidednessList* list) override { sidedness = list; }
+    void SetSizeStatus(std::int32_t status) override { size = status; }
+    void SetColorStatus(std::int32_t status) override { color = status; }
+    void SetTypeStatus(std::int32_t status) override { type = status; }
+
+    SPSubMenuListCtrlEMF* given = nullptr;
+    SidednessList* sidedness = nullptr;
+    std::int32_t size = -99;
+    std::int32_t color = -99;
+    std::int32_t type = -99;
+};
+
+TEST_F(ExceptionsDialog, TellsTheAdvancedWindowInWhichPartsTheEditedExceptionsDiffer) {
+    ToldAdvancedWindow advanced;
+    open({plain_exception("3"), colored_exception("9", kBlue)});
+    ASSERT_TRUE(pane->connectObject("SPAdvSeleWndPtr", advanced));
+    add([&](User& user) {
+        EXPECT_EQ(advanced.size, -99) << "nothing is edited";
+        EXPECT_TRUE(user.top(6));
+        EXPECT_EQ(advanced.given, &menu());
+        EXPECT_EQ(advanced.sidedness, dialog->getAddExceptTwoSidePrintList());
+    });
+    edit({0, 1}, [&](User&) {
+        EXPECT_EQ(advanced.size, 0);
+        EXPECT_EQ(advanced.color, -1);
+        EXPECT_EQ(advanced.type, 0);
+    });
+    edit({1}, [&](User&) { EXPECT_EQ(advanced.color, 0); });
 }
 
 TEST_F(ExceptionsDialog, HelpOpensItsPage) {

@@ -100,9 +100,11 @@ class User {
 };
 
 class ExceptionsDialogTest : public PaneTest {
+  public:
+    ~ExceptionsDialogTest() override { platform::Application::shared().setMainWindow(nullptr); }
+
   protected:
     explicit ExceptionsDialogTest(const std::string& ppdName = "ppd/production.ppd") : PaneTest(ppdName) {}
-    ~ExceptionsDialogTest() override { platform::Application::shared().setMainWindow(nullptr); }
 
     /// The pane with the records of a saved job.
     void open(const Texts& saved = {}) {
