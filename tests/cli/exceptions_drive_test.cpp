@@ -75,7 +75,7 @@ TEST_F(ExceptionsDrive, ShowsEveryViewOfTheDialog) {
         classes += tag + " " + view.at("class").get<std::string>() + "\n";
     }
     EXPECT_EQ(classes, "301 static\n302 static\n303 static\n304 static\n305 static\n311 field\n312 popup\n"
-                       "313 scroll\n314 popup\n315 button\n316 button\n317 button\n318 button\n319 scroll\n");
+                       "313 text\n314 popup\n315 button\n316 button\n317 button\n318 button\n319 text\n");
 }
 
 TEST_F(ExceptionsDrive, RefusesWhatAPersonCannotDo) {
