@@ -13,7 +13,6 @@
 namespace specialpages::test {
 namespace {
 
-using platform::ScriptedFace;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
