@@ -50,6 +50,7 @@ const std::vector<Outlet>& outlets() {
         {"SPVerStringSTextCtrl", ViewKind::staticText, 114},
         {"SPMainHelpButton", ViewKind::button, 115},
         {"CoversWindowRef", ViewKind::window, 0},
+        {"spAddExceptionsWindow", ViewKind::window, 0},
         {"WarningWindowRef", ViewKind::window, 0},
     };
     return all;
