@@ -31,6 +31,17 @@ void show_command(const ShowOptions& options, Streams streams);
 /// (usage or input) naming the value or line that is malformed; those before it are written.
 void decode_command(const std::vector<std::string>& values, Streams streams);
 
+struct PagesOptions {
+    std::string text;
+    bool exceptions = false; ///< read as the pages of exceptions, for which the next two do not matter
+    bool frontCover = false;
+    std::string held = "0"; ///< inserts that there are already, in digits
+    bool json = false;
+};
+/// What the pane's page list makes of a text: its normal form and its pages. HostError (refused) for a text
+/// that the pane refuses, with the message key and the code; with `json` these are written first.
+void pages_command(const PagesOptions& options, Streams streams);
+
 /// The section that the pane reads from a constraint cache on a current system.
 inline constexpr const char* kConstraintSection = "SpecialPagesPDETiger";
 

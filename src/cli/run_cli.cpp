@@ -81,6 +81,20 @@ void add_drive(CLI::App& app, PaneOptions& options) {
     command.add_option("--lang", options.language, kLanguageHelp)->type_name("LANG");
 }
 
+void add_pages(CLI::App& app, PagesOptions& options) {
+    CLI::App& command =
+        *app.add_subcommand("pages", "Shows what the pane makes of a page list, as in Add of inserts");
+    command.add_flag("--exceptions", options.exceptions, "As in the exceptions dialog");
+    command.add_flag("--front-cover", options.frontCover, "There is a front cover (inserts only)");
+    command.add_option("--held", options.held, "How many inserts there are already (inserts only)")
+        ->type_name("N")
+        ->capture_default_str();
+    command.add_flag("--json", options.json, "JSON in place of a table");
+    command.add_option("text", options.text, "The page list; put -- before one that begins with \"-\"")
+        ->type_name("TEXT")
+        ->required();
+}
+
 void add_constraints(CLI::App& app, ConstraintsOptions& options) {
     CLI::App& command = *app.add_subcommand("constraints", "Shows the index of a PPD's constraints");
     command.add_option("--ppd", options.ppd, kPpdHelp)->type_name("FILE")->required();
@@ -129,6 +143,8 @@ void run_parsed(const std::vector<std::string>& arguments, Streams streams, CLI:
     app.add_subcommand("decode", "Turns slash-decimal texts back into text, one a line")
         ->add_option("values", values, "Texts; without any, lines are read from standard input")
         ->type_name("VALUE");
+    PagesOptions pages;
+    add_pages(app, pages);
     ConstraintsOptions constraints;
     add_constraints(app, constraints);
     MenusOptions menus;
@@ -146,6 +162,8 @@ void run_parsed(const std::vector<std::string>& arguments, Streams streams, CLI:
         show_command(show, streams);
     } else if (app.got_subcommand("decode")) {
         decode_command(values, streams);
+    } else if (app.got_subcommand("pages")) {
+        pages_command(pages, streams);
     } else if (app.got_subcommand("constraints")) {
         constraints_command(constraints, streams);
     } else if (app.got_subcommand("menus")) {

@@ -5,6 +5,7 @@
 #include "controls/StaticTextEditControlEMFSpecialPages.h"
 #include "dialogs/cover_records.h"
 #include "dialogs/covers_tables.h"
+#include "dialogs/dialog_builder.h"
 #include "dialogs/dialog_buttons.h"
 #include "paper/SPCoverPageSettingScrollViewCtrlEMF.h"
 #include "paper/SPCoversSelectPaperListCtrlEMF.h"
@@ -19,8 +20,6 @@
 #include "support/identifiers.h"
 
 #include <array>
-#include <memory>
-#include <utility>
 
 namespace specialpages {
 
@@ -33,111 +32,68 @@ constexpr std::int32_t kNoLongMeasure = 2;
 constexpr std::int32_t kCoverType = static_cast<std::int32_t>(RecordType::cover);
 constexpr const char* kPrintingListTitle = "Add Cover Wnd Printing Options List Title";
 
-PaperOptionKeys paper_option_keys() {
-    return {kPPDPageSizeKey, kPPDMediaColorKey, kPPDMediaTypeKey};
+void add_option_list(DialogBuilder& add, SPCoversWinListCtrlEMF*& field, ControlTag tag) {
+    add.add(field, tag, [](SPCoversWinListCtrlEMF& control, platform::View* view) {
+        control.CreateControl(view, &coverOptionLboxIniData, &spCoversOptionLboxCnstrnInfoPtr, nullptr, {},
+                              nullptr, {}, 0);
+    });
+}
+
+void add_printing_list(DialogBuilder& add, SPCoversWinListCtrlEMF*& field, ControlTag tag,
+                       const ConstraintRecord& constraints, ControlTag paperList) {
+    add.add(field, tag, [&](SPCoversWinListCtrlEMF& control, platform::View* view) {
+        control.CreateControl(view, &printingOptionLboxIniData, &constraints, nullptr, {}, kPPDDuplex,
+                              printingOptionGetDuplexChoiceArray, paperList);
+    });
+}
+
+PaperMenuTables paper_tables(const ConstraintRecord& constraints, ControlTag printingList) {
+    return {.iniData = &coverSelectPaperLboxIniData,
+            .constraints = &constraints,
+            .windowType = kCoversWndType,
+            .duplexControl = printingList};
 }
 
 } // namespace
 
-/// Makes the controls of the window and registers them, each where the nib has a view for it.
-class SPAddCoversWndEMF::Builder {
-  public:
-    Builder(SPAddCoversWndEMF& dialog, platform::Window* window) : dialog_(dialog), window_(window) {}
-
-    void title(StaticTextEditControlEMFSpecialPages*& field, ControlTag tag, const char* key) {
-        auto control = std::make_unique<StaticTextEditControlEMFSpecialPages>();
-        control->CreateControl(view(tag), nullptr, nullptr, {}, key);
-        dialog_.RunTimeAddNewControl(std::move(control), field);
-    }
-    void optionList(SPCoversWinListCtrlEMF*& field, ControlTag tag) {
-        auto control = std::make_unique<SPCoversWinListCtrlEMF>();
-        control->CreateControl(view(tag), &coverOptionLboxIniData, &spCoversOptionLboxCnstrnInfoPtr, nullptr,
-                               {}, nullptr, {}, 0);
-        dialog_.RunTimeAddNewControl(std::move(control), field);
-    }
-    void printingList(SPCoversWinListCtrlEMF*& field, ControlTag tag, const ConstraintRecord& constraints,
-                      ControlTag paperList) {
-        auto control = std::make_unique<SPCoversWinListCtrlEMF>();
-        control->CreateControl(view(tag), &printingOptionLboxIniData, &constraints, nullptr, {}, kPPDDuplex,
-                               printingOptionGetDuplexChoiceArray, paperList);
-        dialog_.RunTimeAddNewControl(std::move(control), field);
-    }
-    void paperList(SPCoversSelectPaperListCtrlEMF*& field, ControlTag tag,
-                   const ConstraintRecord& constraints, ControlTag printingList) {
-        auto control = std::make_unique<SPCoversSelectPaperListCtrlEMF>();
-        control->CreateControl(view(tag), kPPDPageSizeKey, kPPDMediaColorKey, kPPDMediaTypeKey,
-                               &coverSelectPaperLboxIniData, &constraints, nullptr, {}, kCoversWndType,
-                               printingList);
-        dialog_.RunTimeAddNewControl(std::move(control), field);
-    }
-    void paperView(SPCoverPageSettingScrollViewCtrlEMF*& field, ControlTag tag,
-                   SPCoversSelectPaperListCtrlEMF* menu) {
-        auto control = std::make_unique<SPCoverPageSettingScrollViewCtrlEMF>();
-        control->CreateControl(view(tag), tag, &coverWndScrollViewIniData, paper_option_keys(), menu);
-        dialog_.RunTimeAddNewControl(std::move(control), field);
-    }
-    void jobView(SPJobSettingScrollViewCtrlEMF*& field, ControlTag tag) {
-        auto control = std::make_unique<SPJobSettingScrollViewCtrlEMF>();
-        control->CreateControl(view(tag), tag, &coverWndJobSettingScrollViewIniData, paper_option_keys());
-        dialog_.RunTimeAddNewControl(std::move(control), field);
-    }
-    void help(SPHelpButtonEMF*& field, ControlTag tag, const char* page) {
-        auto control = std::make_unique<SPHelpButtonEMF>();
-        control->CreateControl_withHelpName(view(tag), page);
-        dialog_.RunTimeAddNewControl(std::move(control), field);
-    }
-    template <typename Control>
-    void button(Control*& field, ControlTag tag, const char* key) {
-        auto control = std::make_unique<Control>();
-        control->CreateControl(view(tag), key);
-        dialog_.RunTimeAddNewControl(std::move(control), field);
-    }
-
-  private:
-    platform::View* view(ControlTag tag) const {
-        return window_ == nullptr ? nullptr : window_->viewWithTag(tag);
-    }
-    SPAddCoversWndEMF& dialog_;
-    platform::Window* window_;
-};
-
 void SPAddCoversWndEMF::CreatePanel(platform::Window* window, const char* theWinTitleStr) {
     PopupWinInPanel(window, theWinTitleStr);
     TabStockValue = 3;
-    Builder add(*this, window);
+    DialogBuilder add(*this, window);
     add.title(spCoversOptionsListTitleCtrlPtr, spCoversWndCoverOptionListTitleID,
               "Add Cover Wnd Cover Options List Title");
-    add.optionList(spCoversOptionsListPtr, spCoversWndCoverOptionListID);
+    add_option_list(add, spCoversOptionsListPtr, spCoversWndCoverOptionListID);
 
     add.title(spCoversWndFrontCoverPagerViewTitleCtrlPtr, spCoversWndFrontCoverPageViewTitleID,
               "Add Cover Wnd Front Cover Paper Info View Title");
-    add.paperList(spCoverWndFrontSelectPaperListPtr, spCoversWndFrontCoverPageListID,
-                  spCoversFrontPaperCnstrnInfo, spCoversWndFrontPrintingOptionListID);
+    add.paperMenu(spCoverWndFrontSelectPaperListPtr, spCoversWndFrontCoverPageListID,
+                  paper_tables(spCoversFrontPaperCnstrnInfo, spCoversWndFrontPrintingOptionListID));
     add.paperView(spCoversWndFrontCoverPageViewPtr, spCoversWndFrontCoverPageViewID,
-                  spCoverWndFrontSelectPaperListPtr);
+                  coverWndScrollViewIniData, spCoverWndFrontSelectPaperListPtr);
     add.title(spPrintingOptionsFrontListTitleCtrlPtr, spCoversWndFrontPrintingOptionTitleID,
               kPrintingListTitle);
-    add.printingList(spPrintingOptionsFrontListPtr, spCoversWndFrontPrintingOptionListID,
-                     spCoversFrontPrintingCnstrnInfo, spCoversWndFrontCoverPageListID);
+    add_printing_list(add, spPrintingOptionsFrontListPtr, spCoversWndFrontPrintingOptionListID,
+                      spCoversFrontPrintingCnstrnInfo, spCoversWndFrontCoverPageListID);
 
     add.title(spCoversWndBackCoverPagerViewTitleCtrlPtr, spCoversWndBackCoverPageViewTitleID,
               "Add Cover Wnd Back Cover Paper Info View Title");
-    add.paperList(spCoverWndBackSelectPaperListPtr, spCoversWndBackCoverPageListID,
-                  spCoversBackPaperCnstrnInfo, spCoversWndBackPrintingOptionListID);
-    add.paperView(spCoversWndBackCoverPageViewPtr, spCoversWndBackCoverPageViewID,
+    add.paperMenu(spCoverWndBackSelectPaperListPtr, spCoversWndBackCoverPageListID,
+                  paper_tables(spCoversBackPaperCnstrnInfo, spCoversWndBackPrintingOptionListID));
+    add.paperView(spCoversWndBackCoverPageViewPtr, spCoversWndBackCoverPageViewID, coverWndScrollViewIniData,
                   spCoverWndBackSelectPaperListPtr);
     add.title(spPrintingOptionsBackListTitleCtrlPtr, spCoversWndBackPrintingOptionTitleID,
               kPrintingListTitle);
-    add.printingList(spPrintingOptionsBackListPtr, spCoversWndBackPrintingOptionListID,
-                     spCoversBackPrintingCnstrnInfo, spCoversWndBackCoverPageListID);
+    add_printing_list(add, spPrintingOptionsBackListPtr, spCoversWndBackPrintingOptionListID,
+                      spCoversBackPrintingCnstrnInfo, spCoversWndBackCoverPageListID);
 
     add.title(spCoversWndJobSettingViewTitleCtrlPtr, spCoversWndJobSettingRefTitleID,
               "Job Setting Reference View Title");
-    add.jobView(spCoversWndJobSettingViewCtrlPtr, spCoversWndJobSettingRefViewID);
+    add.jobView(spCoversWndJobSettingViewCtrlPtr, spCoversWndJobSettingRefViewID,
+                coverWndJobSettingScrollViewIniData);
     add.help(spCoversWndHelpButPtr, spCoversWndHelpButtonID, "SpecialPagesCover.htm");
-    add.button(spCoversWndDefaultButPtr, spCoversWndDefaultsButtonID, "Special Pages RESTORE Btn");
-    add.button(spCancelButCtrlPtr, spCoversWndCancelButtonID, "Special Pages CANCEL Btn");
-    add.button(spCoversWndOKButPtr, spCoversWndOKButtonID, "Special Pages OK Btn");
+    add.button(spCoversWndDefaultButPtr, spCoversWndDefaultsButtonID, kRestoreButtonTitle);
+    add.button(spCancelButCtrlPtr, spCoversWndCancelButtonID, kCancelButtonTitle);
+    add.button(spCoversWndOKButPtr, spCoversWndOKButtonID, kOkButtonTitle);
 }
 
 std::int32_t SPAddCoversWndEMF::ActivateWindow() {

@@ -88,7 +88,6 @@ class SPAddCoversWndEMF : public PopupWinInPanelEMFSpecialPages, public CoversWi
     void openForRecords() override { ActivateWindow(); }
 
   private:
-    class Builder;
     void replayValues();
     CoverSide sideFromViews(std::int32_t type) const;
     SPCoversSelectPaperListCtrlEMF* paperMenu(std::int32_t type) const;

@@ -47,4 +47,9 @@ bool SPJobSettingScrollViewCtrlEMF::SetControlValueToUI() {
     return true;
 }
 
+bool SPJobSettingScrollViewCtrlEMF::SimulationUIEventHandler() {
+    SetControlValueToUI();
+    return true;
+}
+
 } // namespace specialpages

@@ -17,6 +17,8 @@ class SPJobSettingScrollViewCtrlEMF : public SPScrollViewCtrlEMF {
     bool InitializeCtrl(platform::Bundle* bundle, ppd_file_s* withPPD) override;
     /// Reads the marks anew and shows the text.
     bool SetControlValueToUI() override;
+    /// The same: the job's paper does not change when all controls show their defaults.
+    bool SimulationUIEventHandler() override;
     /// False, and the text stays as it was, without a PPD, one of the options, or a choice of one of them.
     bool getJobInfomationFromPPD();
     const std::string& jobSetting() const { return JobSettingStr; }

@@ -40,6 +40,11 @@ std::int32_t SPPageSettingScrollViewCtrlEMF::Update() {
     return 0;
 }
 
+bool SPPageSettingScrollViewCtrlEMF::SimulationUIEventHandler() {
+    Update();
+    return true;
+}
+
 bool SPPageSettingScrollViewCtrlEMF::getPageInfomation() {
     if (selectPageControlPtr == nullptr || dynamic_cast<platform::TextField*>(ControlPtr) == nullptr) {
         return false;

@@ -20,6 +20,9 @@ class SPPageSettingScrollViewCtrlEMF : public SPScrollViewCtrlEMF {
                        PaperOptionKeys ppdKeys, SPSelectPaperListCtrlEMF* selectPageControl);
     bool InitializeCtrl(platform::Bundle* bundle, ppd_file_s* withPPD) override;
     std::int32_t Update() override;
+    /// Shows the paper anew: when all controls show their defaults, the text of the table is in the view
+    /// until here, while the menu has a paper.
+    bool SimulationUIEventHandler() override;
     /// Shows the menu's paper; false without a menu or a view.
     bool getPageInfomation();
 

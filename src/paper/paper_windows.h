@@ -38,6 +38,11 @@ class AdvancedPaperWindow : public PaperMenuWindow {
                               bool andInterposer) = 0;
     /// The sidedness list beside the menu; null when there is none.
     virtual void setDuplexControl(SidednessList* list) = 0;
+    /// For the records that are edited: -1 when they differ in that part of their paper or leave it alone,
+    /// else 0.
+    virtual void SetSizeStatus(std::int32_t status) = 0;
+    virtual void SetColorStatus(std::int32_t status) = 0;
+    virtual void SetTypeStatus(std::int32_t status) = 0;
 };
 
 } // namespace specialpages

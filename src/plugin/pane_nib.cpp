@@ -1,6 +1,7 @@
 // What the pane's nib connects: its outlets by name, and the objects that the nib instantiates.
 #include "controls/PopupWinInPanelEMFSpecialPages.h"
 #include "dialogs/SPAddCoversWndEMF.h"
+#include "dialogs/SPAddInsertWndEMF.h"
 #include "dialogs/SPWarningWndEMF.h"
 #include "platform/toolkit/Button.h"
 #include "platform/toolkit/IconView.h"
@@ -108,6 +109,9 @@ std::unique_ptr<platform::NibObject> SpecialPagesPDEnvbir15::instantiate(std::st
     }
     if (className == "SPAddCoversWndEMF") {
         return std::make_unique<SPAddCoversWndEMF>();
+    }
+    if (className == "SPAddInsertWndEMF") {
+        return std::make_unique<SPAddInsertWndEMF>();
     }
     if (className == "SPWarningWndEMF") {
         return std::make_unique<SPWarningWndEMF>();

@@ -58,6 +58,9 @@ class GivenAdvancedWindow : public PopupWinInPanelEMFSpecialPages, public Advanc
     }
     void SetSubMenuList(SPSubMenuListCtrlEMF* menu) override { given = menu; }
     void setDuplexControl(SidednessList* list) override { sidedness = list; }
+    void SetSizeStatus(std::int32_t /*status*/) override {}
+    void SetColorStatus(std::int32_t /*status*/) override {}
+    void SetTypeStatus(std::int32_t /*status*/) override {}
     std::int32_t ActivateWindow() override {
         ++openings;
         if (onOpen) {
