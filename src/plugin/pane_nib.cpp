@@ -2,6 +2,7 @@
 #include "controls/PopupWinInPanelEMFSpecialPages.h"
 #include "dialogs/SPAddCoversWndEMF.h"
 #include "dialogs/SPAddInsertWndEMF.h"
+#include "dialogs/SPAdvSeleWndEMF.h"
 #include "dialogs/SPWarningWndEMF.h"
 #include "platform/toolkit/Button.h"
 #include "platform/toolkit/IconView.h"
@@ -112,6 +113,9 @@ std::unique_ptr<platform::NibObject> SpecialPagesPDEnvbir15::instantiate(std::st
     }
     if (className == "SPAddInsertWndEMF") {
         return std::make_unique<SPAddInsertWndEMF>();
+    }
+    if (className == "SPAdvSeleWndEMF") {
+        return std::make_unique<SPAdvSeleWndEMF>();
     }
     if (className == "SPWarningWndEMF") {
         return std::make_unique<SPWarningWndEMF>();
