@@ -230,6 +230,15 @@ const PaperTitles* SPAddCoversWndEMF::paperTitles() {
     return spCoverWndFrontSelectPaperListPtr;
 }
 
+void SPAddCoversWndEMF::updatePaperViews() {
+    for (SPCoverPageSettingScrollViewCtrlEMF* view :
+         {spCoversWndFrontCoverPageViewPtr, spCoversWndBackCoverPageViewPtr}) {
+        if (view != nullptr) {
+            view->Update();
+        }
+    }
+}
+
 bool SPAddCoversWndOKButCtrlEMF::coverRecordIsChagned() const {
     auto* dialog = dynamic_cast<SPAddCoversWndEMF*>(ctrlParentPanelPtr);
     const SPSummaryScrollViewCtrl* list = dialog == nullptr ? nullptr : dialog->summary();

@@ -6,6 +6,7 @@
 #include "controls/PopupWinInPanelEMFSpecialPages.h"
 #include "paper/CoversWindow.h"
 #include "paper/SPCoversSelectPaperListCtrlEMF.h"
+#include "paper/paper_windows.h"
 #include "records/RecordDialog.h"
 
 #include <cstdint>
@@ -30,7 +31,10 @@ class SPAddCoversWndOKButCtrlEMF : public BaseButtonEMFSpecialPages {
     bool coverRecordIsChagned() const;
 };
 
-class SPAddCoversWndEMF : public PopupWinInPanelEMFSpecialPages, public CoversWindow, public RecordDialog {
+class SPAddCoversWndEMF : public PopupWinInPanelEMFSpecialPages,
+                          public CoversWindow,
+                          public RecordDialog,
+                          public PaperMenuDialog {
   public:
     using BasePrintPanelEMFSpecialPages::CreatePanel;
     void CreatePanel(platform::Window* window, const char* theWinTitleStr) override;
@@ -85,6 +89,7 @@ class SPAddCoversWndEMF : public PopupWinInPanelEMFSpecialPages, public CoversWi
     const RecordList* recordsForList() override { return &m_CoversDataRecords; }
     bool doTabStockSetCheckByIndex(std::int32_t pagetype) override;
     const PaperTitles* paperTitles() override;
+    void updatePaperViews() override;
     void openForRecords() override { ActivateWindow(); }
 
   private:

@@ -12,7 +12,6 @@
 #include "paper/SPJobSettingScrollViewCtrlEMF.h"
 #include "paper/SPPageSettingScrollViewCtrlEMF.h"
 #include "paper/SPSelectPaperListCtrlEMF.h"
-#include "paper/paper_windows.h"
 #include "platform/foundation/Bundle.h"
 #include "platform/toolkit/Application.h"
 #include "platform/toolkit/Window.h"
@@ -362,6 +361,12 @@ bool SPAddInsertWndEMF::doTabStockSetCheckByIndex(std::int32_t pagetype) {
 
 const PaperTitles* SPAddInsertWndEMF::paperTitles() {
     return m_SPInsertSelePaperBtnPtr;
+}
+
+void SPAddInsertWndEMF::updatePaperViews() {
+    if (m_SPInstPaperViewPtr != nullptr) {
+        m_SPInstPaperViewPtr->Update();
+    }
 }
 
 bool SPAddInsertWndOKButCtrlEMF::ISRecordedCurrentPage(const std::string& page, std::size_t* atIndex) const {

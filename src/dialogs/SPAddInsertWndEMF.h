@@ -8,6 +8,7 @@
 #include "controls/PopupWinInPanelEMFSpecialPages.h"
 #include "dialogs/InsertsWindow.h"
 #include "dialogs/dialog_buttons.h"
+#include "paper/paper_windows.h"
 #include "records/RecordDialog.h"
 
 #include <cstdint>
@@ -44,7 +45,10 @@ class SPAddInsertRestoreButtonEMF : public SPRestoreButtonEMF {
     bool UIEventHandler() override;
 };
 
-class SPAddInsertWndEMF : public PopupWinInPanelEMFSpecialPages, public InsertsWindow, public RecordDialog {
+class SPAddInsertWndEMF : public PopupWinInPanelEMFSpecialPages,
+                          public InsertsWindow,
+                          public RecordDialog,
+                          public PaperMenuDialog {
   public:
     using BasePrintPanelEMFSpecialPages::CreatePanel;
     void CreatePanel(platform::Window* window, const char* theWinTitleStr) override;
@@ -98,6 +102,7 @@ class SPAddInsertWndEMF : public PopupWinInPanelEMFSpecialPages, public InsertsW
     const RecordList* recordsForList() override { return &m_InsertDataSortedRecords; }
     bool doTabStockSetCheckByIndex(std::int32_t pagetype) override;
     const PaperTitles* paperTitles() override;
+    void updatePaperViews() override;
     void openForRecords() override { ActivateWindow(); }
 
   private:

@@ -5,8 +5,6 @@
 #include "paper/paper_menu.h"
 #include "paper/paper_texts.h"
 #include "platform/toolkit/TextField.h"
-#include "ppd/cups_ppd.h"
-#include "ppd/name_lookup.h"
 #include "records/record_tables.h"
 #include "support/identifiers.h"
 
@@ -27,11 +25,7 @@ bool SPPageSettingScrollViewCtrlEMF::InitializeCtrl(platform::Bundle* bundle, pp
         return false;
     }
     ppd_ = withPPD;
-    for (const PaperPart part : kPaperParts) {
-        const ppd_option_t* option = cups_find_option(withPPD, keys.of(part).c_str());
-        labels[part_index(part)] =
-            option == nullptr ? std::nullopt : std::optional(ppd_text(field_text(option->text)));
-    }
+    labels = paper_labels(withPPD, keys);
     return true;
 }
 

@@ -20,7 +20,6 @@ namespace specialpages {
 
 namespace {
 
-constexpr const char* kCustomSizeKey = "Custom Size Text";
 /// Items that the top level must have for the sub-menus to be attached.
 constexpr std::int64_t kLeastItems = 5;
 /// The first type is never offered.
@@ -86,7 +85,7 @@ bool SPSubMenuListCtrlEMF::InitializeMenu(platform::Bundle* bundle, ppd_file_s* 
     for (const PaperPart part : kPaperParts) {
         platform::Menu& menu =
             topItem(static_cast<std::int64_t>(part))->setSubmenu(std::make_unique<platform::Menu>());
-        initializeSubMenu(&menu, part, withPPD, {title(kNoChangeKey), title(kCustomSizeKey)});
+        initializeSubMenu(&menu, part, withPPD, {title(kNoChangeKey), title(kCustomSizeTitleKey)});
     }
     if (auto* first =
             getSubMenuRef(static_cast<std::int64_t>(PaperPart::type))->itemAtIndex(kHiddenTypePosition)) {

@@ -21,6 +21,8 @@ inline constexpr std::int32_t kNoChange = -1;
 inline constexpr const char* kNullChoice = "NULL";
 /// The key of the title "No Change", which is also the represented object of that item.
 inline constexpr const char* kNoChangeKey = "No Change Option String";
+/// The key of the title of the last size.
+inline constexpr const char* kCustomSizeTitleKey = "Custom Size Text";
 
 /// A part of the paper; the number is its position in the menu and its type in operations that take one.
 enum class PaperPart : std::int32_t { size = 2, color = 3, type = 4 };

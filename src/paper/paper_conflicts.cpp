@@ -60,6 +60,16 @@ class FirstTimes {
 
 } // namespace
 
+std::vector<SelectedPaper> selected_papers(const RecordList& records) {
+    std::vector<SelectedPaper> papers;
+    papers.reserve(records.size());
+    for (const SpecialPageRecord& record : records) {
+        papers.push_back({record.integer(RecordKey::pagesize), record.integer(RecordKey::pagecolor),
+                          record.integer(RecordKey::pagetype), record.integer(RecordKey::twoSidePrint)});
+    }
+    return papers;
+}
+
 PaperConflicts::PaperConflicts(const PaperSituation& situation, bool isNoChangeChoice)
     : ppd_(situation.ppd), index_(situation.index) {
     if (ppd_ == nullptr || index_ == nullptr || index_->empty()) {

@@ -10,6 +10,7 @@
 #include "paper/paper_choice.h"
 #include "ppd/choice_conflict.h"
 #include "ppd/constraint_index.h"
+#include "records/SpecialPageRecord.h"
 
 #include <cups/ppd.h>
 
@@ -31,6 +32,9 @@ struct SelectedPaper {
     std::int32_t type = kNoChange;
     std::int32_t twoSidePrint = 0;
 };
+
+/// The same of each record.
+std::vector<SelectedPaper> selected_papers(const RecordList& records);
 
 /// The keywords behind a menu's items, by the index with which an item is looked up (position - 1).
 using PaperMenuChoices = std::array<std::vector<std::string_view>, 3>;

@@ -53,6 +53,16 @@ std::optional<std::string> job_setting_text(ppd_file_t* ppd, const PaperOptionKe
     return text;
 }
 
+std::array<std::optional<std::string>, 3> paper_labels(ppd_file_t* ppd, const PaperOptionKeys& keys) {
+    std::array<std::optional<std::string>, 3> labels;
+    for (const PaperPart part : kPaperParts) {
+        if (const ppd_option_t* option = cups_find_option(ppd, keys.of(part).c_str())) {
+            labels[part_index(part)] = ppd_text(field_text(option->text));
+        }
+    }
+    return labels;
+}
+
 std::string page_setting_text(const std::array<PaperLine, 3>& lines) {
     std::string text;
     for (const PaperLine& each : lines) {

@@ -26,6 +26,9 @@ inline constexpr const char* kConflictToolTipKey = "Item Conflict Tool Tip";
 std::optional<std::string> job_setting_text(ppd_file_t* ppd, const PaperOptionKeys& keys,
                                             const std::array<ppd_option_t*, 3>& options);
 
+/// The PPD's text of each of the three options, by part; empty for one that is not there.
+std::array<std::optional<std::string>, 3> paper_labels(ppd_file_t* ppd, const PaperOptionKeys& keys);
+
 /// A label and a title; a line stands for it when both are there.
 struct PaperLine {
     std::optional<std::string> label;

@@ -10,6 +10,18 @@ namespace specialpages {
 class SidednessList;
 class SPSubMenuListCtrlEMF;
 
+/// A dialog with paper menus, as a window sees it that one of them opened.
+class PaperMenuDialog {
+  public:
+    PaperMenuDialog() = default;
+    PaperMenuDialog(const PaperMenuDialog&) = delete;
+    PaperMenuDialog& operator=(const PaperMenuDialog&) = delete;
+    virtual ~PaperMenuDialog() = default;
+
+    /// Brings the views of the paper that stand beside its menus in line with them.
+    virtual void updatePaperViews() = 0;
+};
+
 /// A window that is opened by a paper menu and works on it.
 class PaperMenuWindow {
   public:

@@ -74,12 +74,7 @@ SPSubMenuListCtrlEMF::Surroundings SPSubMenuListCtrlEMF::surroundings(ppd_file_s
     SPSummaryScrollViewCtrl* list = summary();
     const auto selected = list == nullptr ? std::nullopt : list->getArrayOfCurrentSelectedRecords();
     if (selected) {
-        around.records.reserve(selected->size());
-        for (const SpecialPageRecord& record : *selected) {
-            around.records.push_back(
-                {record.integer(RecordKey::pagesize), record.integer(RecordKey::pagecolor),
-                 record.integer(RecordKey::pagetype), record.integer(RecordKey::twoSidePrint)});
-        }
+        around.records = selected_papers(*selected);
     }
     around.index = ctrlParentPanelPtr == nullptr ? nullptr : ctrlParentPanelPtr->Getxppd();
     PaperSituation& situation = around.situation;
