@@ -36,6 +36,7 @@ const std::vector<Outlet>& outlets() {
         {"SpecialPagesView", ViewKind::view, 0},
         {"SPAddCoversButton", ViewKind::button, 100},
         {"SPAddInsertsButton", ViewKind::button, 101},
+        {"InsertWindowRef", ViewKind::window, 0},
         {"SPAddExceptionsButton", ViewKind::button, 102},
         {"SPSummaryTitleStaticEdit", ViewKind::staticText, 103},
         {"SPSummaryInfoTableView", ViewKind::table, 104},
