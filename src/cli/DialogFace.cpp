@@ -68,15 +68,28 @@ DialogFace::~DialogFace() {
 
 void DialogFace::inDialog(std::int32_t button, const EntryPlace& place, const Script& script) {
     alerts_.clear();
+    inNextDialog(
+        [&] {
+            if (!view_in<platform::Button>(main_, button).click()) {
+                throw refused(place, "the pane takes no more of these");
+            }
+        },
+        place, script);
+}
+
+void DialogFace::inNextDialog(const std::function<void()>& opener, const EntryPlace& place,
+                              const Script& script) {
     failure_ = nullptr;
     script_ = &script;
-    const bool pressed = view_in<platform::Button>(main_, button).click();
+    try {
+        opener();
+    } catch (...) {
+        script_ = nullptr;
+        throw;
+    }
     const bool opened = std::exchange(script_, nullptr) == nullptr;
     if (failure_) {
         std::rethrow_exception(std::exchange(failure_, nullptr));
-    }
-    if (!pressed) {
-        throw refused(place, "the pane takes no more of these");
     }
     if (!opened) {
         throw refused(place, "the pane opens no window for this");
@@ -120,6 +133,12 @@ void DialogFace::choose(platform::Window& dialog, std::int32_t tag, std::span<co
     check_path(popup, path, place);
     if (!popup.pick(path)) {
         throw refused(place, "the pane does not take this choice");
+    }
+}
+
+void DialogFace::press(platform::Window& dialog, std::int32_t tag, const EntryPlace& place) {
+    if (!view_in<platform::Button>(dialog, tag).click()) {
+        throw refused(place, "the pane does not offer this here");
     }
 }
 

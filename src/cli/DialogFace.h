@@ -47,6 +47,9 @@ class DialogFace final : public platform::ApplicationFace {
     /// (refused) when the button takes no press or opens no dialog.
     void inDialog(std::int32_t button, const EntryPlace& place, const Script& script);
 
+    /// The same for the dialog that `opener` opens, which is done by hand in the dialog that is open.
+    void inNextDialog(const std::function<void()>& opener, const EntryPlace& place, const Script& script);
+
     /// Presses the button that commits the dialog. HostError (refused) with the pane's own message when the
     /// dialog stays open.
     void commit(platform::Window& dialog, std::int32_t button, const EntryPlace& place);
@@ -56,6 +59,8 @@ class DialogFace final : public platform::ApplicationFace {
     /// Picks the item of a pop-up, unless it is the selected one.
     static void choose(platform::Window& dialog, std::int32_t tag, std::span<const std::int64_t> path,
                        const EntryPlace& place);
+    /// Presses a radio button.
+    static void press(platform::Window& dialog, std::int32_t tag, const EntryPlace& place);
     /// Types the text as it stands.
     void type(platform::Window& dialog, std::int32_t tag, const std::string& text, const EntryPlace& place);
 

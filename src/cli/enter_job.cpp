@@ -21,73 +21,29 @@ void choose(platform::Window& dialog, std::int32_t tag, std::initializer_list<st
     DialogFace::choose(dialog, tag, std::span(path.begin(), path.size()), place);
 }
 
-/// Picks the choice of that keyword in a sub-menu of a paper menu, unless it stands there already.
-void choose_part(platform::Window& dialog, std::int32_t menuTag, std::int64_t part,
-                 const std::string& keyword, const EntryPlace& place) {
+/// The position of the choice of that keyword in a sub-menu of a paper menu.
+std::int64_t choice_position(platform::Window& dialog, std::int32_t menuTag, std::int64_t part,
+                             const std::string& keyword, const EntryPlace& place) {
     const platform::MenuItem* opener = popup_in(dialog, menuTag).menu().itemAtIndex(part);
     const platform::Menu* menu = opener == nullptr ? nullptr : opener->submenu();
     const std::size_t count = menu == nullptr ? 0 : menu->numberOfItems();
     for (std::size_t i = 1; i < count; ++i) { // behind "No Change"
         const auto position = static_cast<std::int64_t>(i);
-        const platform::MenuItem& item = *menu->itemAtIndex(position);
-        if (item.representedObject() == keyword) {
-            if (!item.state()) {
-                choose(dialog, menuTag, {part, position}, place);
-            }
-            return;
+        if (menu->itemAtIndex(position)->representedObject() == keyword) {
+            return position;
         }
     }
     throw HostError(ErrorCode::input, place.text(), "the printer has no \"" + keyword + "\"");
 }
 
-void enter_paper(platform::Window& dialog, std::int32_t menuTag, const std::optional<JobPaper>& paper,
-                 const std::string& file) {
-    if (!paper) {
-        return;
+/// Picks the choice of that keyword, unless it stands there already.
+void choose_part(platform::Window& dialog, std::int32_t menuTag, std::int64_t part,
+                 const std::string& keyword, const EntryPlace& place) {
+    const std::int64_t position = choice_position(dialog, menuTag, part, keyword, place);
+    const platform::MenuItem* opener = popup_in(dialog, menuTag).menu().itemAtIndex(part);
+    if (!opener->submenu()->itemAtIndex(position)->state()) {
+        choose(dialog, menuTag, {part, position}, place);
     }
-    const EntryPlace place{file, paper->place};
-    switch (paper->kind) {
-    case JobPaper::Kind::interposer:
-        choose(dialog, menuTag, {kInterposerItem}, place);
-        return;
-    case JobPaper::Kind::noChange:
-        choose(dialog, menuTag, {kNoChangeItem}, place);
-        return;
-    case JobPaper::Kind::parts:
-        break;
-    }
-    if (paper->width) {
-        throw HostError(ErrorCode::refused, place.at("width").text(),
-                        "the pane has no window for the measures of a custom size");
-    }
-    enter_paper_parts(dialog, menuTag, *paper, place);
-}
-
-struct SideTags {
-    std::int32_t paper;
-    std::int32_t printing;
-};
-
-/// What is printed on the cover comes first: a printed cover has the job's size.
-void enter_cover_side(platform::Window& dialog, const std::optional<JobCoverSide>& side, SideTags tags,
-                      const std::string& file) {
-    if (!side) {
-        return;
-    }
-    if (side->print) {
-        choose(dialog, tags.printing, {*side->print}, EntryPlace{file, side->place}.at("print"));
-    }
-    enter_paper(dialog, tags.paper, side->paper, file);
-}
-
-void enter_covers(DialogFace& face, const JobCovers& covers, const std::string& file) {
-    const EntryPlace place{file, "covers"};
-    face.inDialog(kAddCoversTag, place, [&](platform::Window& dialog) {
-        choose(dialog, kCoverOptionTag, {covers.option}, place.at("option"));
-        enter_cover_side(dialog, covers.front, {kFrontPaperTag, kFrontPrintingTag}, file);
-        enter_cover_side(dialog, covers.back, {kBackPaperTag, kBackPrintingTag}, file);
-        face.commit(dialog, kCoversOKTag, place);
-    });
 }
 
 /// The entry's member whose field the pane gave the keyboard to when it refused.
@@ -112,6 +68,75 @@ void commit_typed(DialogFace& face, platform::Window& dialog, std::int32_t butto
     }
 }
 
+/// Picks the custom size and fills in the window that opens for it.
+void enter_custom_size(DialogFace& face, platform::Window& dialog, std::int32_t menuTag,
+                       const JobPaper& paper, const EntryPlace& place) {
+    const std::int64_t position =
+        choice_position(dialog, menuTag, kSizeItem, paper.size.value_or(""), place.at("size"));
+    const std::int32_t width = paper.inches ? kCustomWidthInchTag : kCustomWidthMMTag;
+    const std::int32_t length = paper.inches ? kCustomLengthInchTag : kCustomLengthMMTag;
+    face.inNextDialog(
+        [&] {
+            choose(dialog, menuTag, {kSizeItem, position}, place.at("size"));
+        },
+        place.at("width"),
+        [&](platform::Window& window) {
+            DialogFace::press(window, paper.inches ? kCustomInchesTag : kCustomMMTag, place.at("unit"));
+            face.type(window, width, *paper.width, place.at("width"));
+            face.type(window, length, *paper.length, place.at("length"));
+            commit_typed(face, window, kCustomOKTag, place, {{width, "width"}, {length, "length"}});
+        });
+}
+
+void enter_paper(DialogFace& face, platform::Window& dialog, std::int32_t menuTag,
+                 const std::optional<JobPaper>& paper, const std::string& file) {
+    if (!paper) {
+        return;
+    }
+    const EntryPlace place{file, paper->place};
+    switch (paper->kind) {
+    case JobPaper::Kind::interposer:
+        choose(dialog, menuTag, {kInterposerItem}, place);
+        return;
+    case JobPaper::Kind::noChange:
+        choose(dialog, menuTag, {kNoChangeItem}, place);
+        return;
+    case JobPaper::Kind::parts:
+        break;
+    }
+    if (paper->width) {
+        enter_custom_size(face, dialog, menuTag, *paper, place);
+    }
+    enter_paper_parts(dialog, menuTag, *paper, place);
+}
+
+struct SideTags {
+    std::int32_t paper;
+    std::int32_t printing;
+};
+
+/// What is printed on the cover comes first: a printed cover has the job's size.
+void enter_cover_side(DialogFace& face, platform::Window& dialog, const std::optional<JobCoverSide>& side,
+                      SideTags tags, const std::string& file) {
+    if (!side) {
+        return;
+    }
+    if (side->print) {
+        choose(dialog, tags.printing, {*side->print}, EntryPlace{file, side->place}.at("print"));
+    }
+    enter_paper(face, dialog, tags.paper, side->paper, file);
+}
+
+void enter_covers(DialogFace& face, const JobCovers& covers, const std::string& file) {
+    const EntryPlace place{file, "covers"};
+    face.inDialog(kAddCoversTag, place, [&](platform::Window& dialog) {
+        choose(dialog, kCoverOptionTag, {covers.option}, place.at("option"));
+        enter_cover_side(face, dialog, covers.front, {kFrontPaperTag, kFrontPrintingTag}, file);
+        enter_cover_side(face, dialog, covers.back, {kBackPaperTag, kBackPrintingTag}, file);
+        face.commit(dialog, kCoversOKTag, place);
+    });
+}
+
 void enter_insert(DialogFace& face, const JobInsert& insert, const std::string& file) {
     const EntryPlace place{file, insert.place};
     face.inDialog(kAddInsertsTag, place, [&](platform::Window& dialog) {
@@ -124,7 +149,7 @@ void enter_insert(DialogFace& face, const JobInsert& insert, const std::string& 
         if (insert.sheets) {
             face.type(dialog, kInsertQuantityTag, std::to_string(*insert.sheets), place.at("sheets"));
         }
-        enter_paper(dialog, kInsertPaperTag, insert.paper, file);
+        enter_paper(face, dialog, kInsertPaperTag, insert.paper, file);
         commit_typed(
             face, dialog, kInsertsOKTag, place,
             {{kInsertPagesTag, insert.after ? "after" : "before-page-one"}, {kInsertQuantityTag, "sheets"}});
@@ -138,7 +163,7 @@ void enter_exception(DialogFace& face, const JobException& exception, const std:
         if (exception.sides) {
             choose(dialog, kExceptionSidesTag, {*exception.sides}, place.at("sides"));
         }
-        enter_paper(dialog, kExceptionPaperTag, exception.paper, file);
+        enter_paper(face, dialog, kExceptionPaperTag, exception.paper, file);
         commit_typed(face, dialog, kExceptionsOKTag, place, {{kExceptionPagesTag, "pages"}});
     });
 }

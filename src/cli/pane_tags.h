@@ -33,6 +33,13 @@ inline constexpr std::int32_t kExceptionPagesTag = 311;
 inline constexpr std::int32_t kExceptionPaperTag = 312;
 inline constexpr std::int32_t kExceptionSidesTag = 314;
 inline constexpr std::int32_t kExceptionsOKTag = 315;
+inline constexpr std::int32_t kCustomWidthMMTag = 711;
+inline constexpr std::int32_t kCustomWidthInchTag = 712;
+inline constexpr std::int32_t kCustomMMTag = 717;
+inline constexpr std::int32_t kCustomInchesTag = 718;
+inline constexpr std::int32_t kCustomLengthMMTag = 731;
+inline constexpr std::int32_t kCustomLengthInchTag = 732;
+inline constexpr std::int32_t kCustomOKTag = 751;
 
 // Positions in the menus of the dialogs.
 inline constexpr std::int64_t kFrontCoverItem = 1;

@@ -4,10 +4,10 @@
 #include "records/SpecialPageRecord.h"
 
 #include <cstdint>
+#include <optional>
 
 namespace specialpages {
 
-class SPInsertOptionListEMF;
 class SPInsertPageTextEditEMF;
 
 /// Answers are borrowed; a control that the nib does not provide is null.
@@ -18,7 +18,13 @@ class InsertsWindow {
     InsertsWindow& operator=(const InsertsWindow&) = delete;
     virtual ~InsertsWindow() = default;
 
-    virtual SPInsertOptionListEMF* getSPInstOptionListCtlPtr() = 0;
+    /// The option list as the page text reads it: the item's position (-1 for none), and whether the list can
+    /// be used; empty without a list.
+    struct Option {
+        std::int64_t position = -1;
+        bool enabled = false;
+    };
+    virtual std::optional<Option> insertOption() const = 0;
     virtual SPInsertPageTextEditEMF* getSPInstPageNumEditCtlPtr() = 0;
     /// The inserts of the list as the dialog found them, or as OK left them.
     virtual const RecordList* getSortedInsertDataRecordPtr() = 0;

@@ -126,9 +126,16 @@ void SPAddInsertWndEMF::addPaperControls(DialogBuilder& add) {
     add.jobView(m_SPInstJobSettingViewPtr, SPInstWndJobSetRefTagID, SPInstWndScrollViewIniData);
 }
 
+std::optional<InsertsWindow::Option> SPAddInsertWndEMF::insertOption() const {
+    if (m_SPInstOptionListCtlPtr == nullptr) {
+        return std::nullopt;
+    }
+    return Option{m_SPInstOptionListCtlPtr->GetOptionSelection(), m_SPInstOptionListCtlPtr->BEnable()};
+}
+
 std::int32_t SPAddInsertWndEMF::ActivateWindow() {
     SPSummaryScrollViewCtrl* list = summary();
-    if (windowRef == nullptr || list == nullptr) {
+    if (windowRef == nullptr || list == nullptr || hub()->getAdvSeleWndPtr() == nullptr) {
         return 0;
     }
     ReInitializeUserPane();

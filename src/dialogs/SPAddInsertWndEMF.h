@@ -52,7 +52,8 @@ class SPAddInsertWndEMF : public PopupWinInPanelEMFSpecialPages,
   public:
     using BasePrintPanelEMFSpecialPages::CreatePanel;
     void CreatePanel(platform::Window* window, const char* theWinTitleStr) override;
-    /// Opens the dialog for what the list is doing; nothing without window, pane or list.
+    /// Opens the dialog for what the list is doing; nothing without window, pane, list or the advanced paper
+    /// window.
     std::int32_t ActivateWindow() override;
     /// The title for adding (1) or editing (2); any other status keeps it.
     void resetUserPaneTitle(std::int64_t status);
@@ -75,7 +76,8 @@ class SPAddInsertWndEMF : public PopupWinInPanelEMFSpecialPages,
     /// Hands the working copy and the tab stock value over.
     void commitRecords();
 
-    SPInsertOptionListEMF* getSPInstOptionListCtlPtr() override { return m_SPInstOptionListCtlPtr; }
+    SPInsertOptionListEMF* getSPInstOptionListCtlPtr() { return m_SPInstOptionListCtlPtr; }
+    std::optional<Option> insertOption() const override;
     SPAddInsertQuantityTextEditEMF* getSPInstQuantityEditPtr() { return m_SPInstQuantityEditPtr; }
     SPAddInsertQuantityLArrEMF* getSPInstQuantityLArrPtr() { return m_SPInstQuantityLArr; }
     SPInsertPageTextEditEMF* getSPInstPageNumEditCtlPtr() override { return m_SPInstPageNumEditPtr; }

@@ -2,7 +2,6 @@
 
 #include "controls/ControlPanel.h"
 #include "dialogs/InsertsWindow.h"
-#include "dialogs/SPInsertOptionListEMF.h"
 #include "platform/foundation/Bundle.h"
 #include "platform/toolkit/TextField.h"
 #include "records/page_text_check.h"
@@ -29,8 +28,8 @@ InsertsWindow* SPInsertPageTextEditEMF::insertsWindow() const {
 
 bool SPInsertPageTextEditEMF::beforePageOne() const {
     InsertsWindow* window = insertsWindow();
-    const SPInsertOptionListEMF* options = window == nullptr ? nullptr : window->getSPInstOptionListCtlPtr();
-    return options != nullptr && options->GetOptionSelection() > 0;
+    const auto option = window == nullptr ? std::nullopt : window->insertOption();
+    return option && option->position > 0;
 }
 
 InsertPageLimit SPInsertPageTextEditEMF::limit() const {
@@ -45,8 +44,8 @@ InsertPageLimit SPInsertPageTextEditEMF::limit() const {
 
 bool SPInsertPageTextEditEMF::SetDefaultValueToUI() {
     InsertsWindow* window = insertsWindow();
-    const SPInsertOptionListEMF* options = window == nullptr ? nullptr : window->getSPInstOptionListCtlPtr();
-    return options == nullptr || !options->BEnable() || TextEditCtrlEMFSpecialPages::SetDefaultValueToUI();
+    const auto option = window == nullptr ? std::nullopt : window->insertOption();
+    return !option || !option->enabled || TextEditCtrlEMFSpecialPages::SetDefaultValueToUI();
 }
 
 bool SPInsertPageTextEditEMF::PreInvalidateData() {

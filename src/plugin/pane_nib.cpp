@@ -4,6 +4,7 @@
 #include "dialogs/SPAddExceptionWndEMF.h"
 #include "dialogs/SPAddInsertWndEMF.h"
 #include "dialogs/SPAdvSeleWndEMF.h"
+#include "dialogs/SPCustomSizeWndEMF.h"
 #include "dialogs/SPWarningWndEMF.h"
 #include "platform/toolkit/Button.h"
 #include "platform/toolkit/IconView.h"
@@ -117,6 +118,9 @@ std::unique_ptr<platform::NibObject> SpecialPagesPDEnvbir15::instantiate(std::st
     }
     if (className == "SPAddInsertWndEMF") {
         return std::make_unique<SPAddInsertWndEMF>();
+    }
+    if (className == "SPCustomSizeWndEMF") {
+        return std::make_unique<SPCustomSizeWndEMF>();
     }
     if (className == "SPAdvSeleWndEMF") {
         return std::make_unique<SPAdvSeleWndEMF>();

@@ -109,6 +109,52 @@ TEST_F(JobCommands, WhatThePaneDoesNotAllowIsRefusedInItsWords) {
               "here\n");
 }
 
+TEST_F(JobCommands, ACustomSizeIsTypedIntoItsWindow) {
+    const auto front = [](const std::string& paper) {
+        return R"({"covers":{"option":"front","front":{"paper":{)" + paper + "}}}}";
+    };
+    EXPECT_EQ(records(front(R"("size":"Custom","width":"250.5","length":"400","type":"ThickPaper")")),
+              (Records{"0,0,0,33,0,8,false,1,250.5,400,1"}));
+    EXPECT_EQ(records(front(R"("size":"Custom","width":"8.50","length":"11","unit":"in")")),
+              (Records{"0,0,0,33,0,0,false,1,215.9,279.4,0"}));
+    EXPECT_EQ(records(front(R"("size":"Custom")")), (Records{"0,0,0,33,0,0,false,1,210.0,297.0,1"}))
+        << "without measures the window is left as it opens";
+}
+
+TEST_F(JobCommands, EachSideOfTheCoversHasItsOwnCustomSize) {
+    EXPECT_EQ(records(R"({"covers":{"option":"front-and-back-different",
+                          "front":{"paper":{"size":"Custom","width":"300","length":"400"}},
+                          "back":{"paper":{"size":"Custom","width":"5.50","length":"8.50","unit":"in"}}}})"),
+              (Records{"0,0,0,33,0,0,false,4,300,400,1", "0,1,0,33,0,0,false,4,139.7,215.9,0"}));
+}
+
+TEST_F(JobCommands, ACustomSizeThatTheWindowRefusesIsQuoted) {
+    const auto said = [this](const std::string& measures) {
+        return refusal(R"({"covers":{"option":"front","front":{"paper":{"size":"Custom",)" + measures +
+                       "}}}}");
+    };
+    const std::string place = "special-pages: standard input, covers.front.paper.";
+    EXPECT_EQ(said(R"("width":"99","length":"297")"),
+              place + "width: This width can't be used. Enter a width from 100.0 to 330.0 mm, with at most "
+                      "one decimal, for example 210 or 210.5.\n");
+    EXPECT_EQ(said(R"("width":"210","length":"297.05")"),
+              place + "length: This length can't be used. Enter a length from 148.0 to 488.0 mm, with at "
+                      "most one decimal, for example 297 or 297.5.\n");
+    EXPECT_EQ(said(R"("width":"8.5","length":"11","unit":"in")"),
+              place + "width: This width can't be used. Enter a width from 3.94 to 12.99 inches, whole or "
+                      "with two decimals, for example 8 or 8.50.\n");
+    EXPECT_EQ(said(R"("width":"21o","length":"297")"),
+              place + "width: the pane's field does not take \"21o\"\n");
+    EXPECT_EQ(said(R"("width":"210","length":"")").substr(0, place.size() + 7), place + "length:");
+}
+
+TEST_F(JobCommands, ACustomSizeThatThePaneForbidsOpensNoWindow) {
+    EXPECT_EQ(refusal(R"({"covers":{"option":"front","front":{"print":"side-one",
+                          "paper":{"size":"Custom","width":"210","length":"297"}}}})"),
+              "special-pages: standard input, covers.front.paper.size: the pane does not allow \"Size\" "
+              "here\n");
+}
+
 TEST_F(JobCommands, APaperThatThePrinterDoesNotHaveIsAnErrorOfTheFile) {
     const Ran ran = apply(R"({"covers":{"option":"front","front":{"paper":{"color":"Bleu"}}}})");
     EXPECT_EQ(ran.exit, 2);

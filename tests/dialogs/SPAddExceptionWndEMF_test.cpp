@@ -290,11 +290,16 @@ TEST_F(ExceptionsDialog, EveryChoiceOfPaperShowsInThePaperView) {
     });
 }
 
-TEST_F(ExceptionsDialog, WorksWithoutTheWindowsBehindCustomAndAdvanced) {
+TEST_F(ExceptionsDialog, CancelledWindowsBehindCustomAndAdvancedLeaveThePaper) {
     open();
     add([&](User& user) {
         EXPECT_TRUE(user.type("5"));
+        const auto cancels = [](Window& behind) {
+            EXPECT_TRUE(behind.performCancel());
+        };
+        face.then(cancels);
         EXPECT_TRUE(user.paper(kSizeMenu, kCustom));
+        face.then(cancels);
         EXPECT_TRUE(user.top(6));
         EXPECT_EQ(chosen(), (std::vector<std::int32_t>{kCustom, kWhite, kPlain}));
         user.ok();

@@ -802,10 +802,10 @@ TEST_F(InsertsDialog, ShowsRecordsThatNoDialogMakesAsFarAsItCan) {
     }
 }
 
-TEST_F(InsertsDialog, TellsTheAdvancedWindowNothingWhenThereIsNone) {
+TEST_F(InsertsDialog, ACancelledAdvancedWindowLeavesThePaper) {
     open({insert_after(3)});
-    EXPECT_EQ(pane->getAdvSeleWndPtr(), nullptr);
     edit({0}, [&](Window& inserts) {
+        face.then([](Window& advanced) { EXPECT_TRUE(advanced.performCancel()); });
         EXPECT_TRUE(popup(inserts, SPInstWndSelePaperTagID).pick(std::vector<std::int64_t>{6}));
         EXPECT_EQ(platform::Application::shared().modalDepth(), 1U);
         ok(inserts);

@@ -1,6 +1,8 @@
 // The pane's nibs and texts against what the code declares: every outlet and tag is in every nib, every title
 // is in the localised table.
+#include "dialogs/advanced_tables.h"
 #include "dialogs/covers_tables.h"
+#include "dialogs/custom_size_tables.h"
 #include "platform/foundation/Bundle.h"
 #include "platform/toolkit/Nib.h"
 #include "plugin/pane_fixture.h"
@@ -50,7 +52,10 @@ const std::vector<Outlet>& outlets() {
         {"SPVerStringSTextCtrl", ViewKind::staticText, 114},
         {"SPMainHelpButton", ViewKind::button, 115},
         {"CoversWindowRef", ViewKind::window, 0},
+        {"InsertWindowRef", ViewKind::window, 0},
         {"spAddExceptionsWindow", ViewKind::window, 0},
+        {"spCustomSizeWindow", ViewKind::window, 0},
+        {"SPAdvSeleWndRef", ViewKind::window, 0},
         {"WarningWindowRef", ViewKind::window, 0},
     };
     return all;
@@ -108,6 +113,19 @@ TEST_F(PaneNib, EveryTagStandsOnce) {
             EXPECT_EQ(tags.count(tag), 1U) << tag;
         }
         for (const ControlTag tag : {801, 802, 803, 804, 805}) {
+            EXPECT_EQ(tags.count(tag), 1U) << tag;
+        }
+        for (ControlTag tag = spAdvSeleWndSummaryTitleID; tag <= spAdvSeleWndCancelButtonID; ++tag) {
+            EXPECT_EQ(tags.count(tag), 1U) << tag;
+        }
+        for (const auto* array : {&SPcustomSizeMMHideCtrlArray, &SPcustomSizeinchesHideCtrlArray}) {
+            for (const ControlTag tag : *array) {
+                EXPECT_EQ(tags.count(tag), 1U) << tag;
+            }
+        }
+        for (const ControlTag tag :
+             {SPCustomSizeMMRadioButtonID, SPCustomSizeInchesRadioButtonID, SPCustomSizeOKButtonID,
+              SPCustomSizeCancelButtonID, SPCustomSizeDefaultButtonID, SPCustomSizeHelpButtonID}) {
             EXPECT_EQ(tags.count(tag), 1U) << tag;
         }
         for (ControlTag tag = spCoversWndCoverOptionListTitleID; tag <= spCoversWndOKButtonID; ++tag) {
@@ -171,6 +189,25 @@ TEST(PaneTexts, EveryKeyOfThePaneIsInTheLocalisedTable) {
                                   "Special Pages CANCEL Btn",
                                   "Special Pages OK Btn",
                                   "Item Conflict Tool Tip",
+                                  "Add Insert Paper View Title",
+                                  "Size String",
+                                  "Color String",
+                                  "Type String",
+                                  "No Change Option String",
+                                  "No Change Infomation",
+                                  "Custom Size Text",
+                                  "Custom Size Width Inches Static Text",
+                                  "Custom Size Length Inches Static Text",
+                                  "Custom Size Width MM Static Text",
+                                  "Custom Size Length MM Static Text",
+                                  "Custom Size MM Side Static Text",
+                                  "Custom Size Inch Side Static Text",
+                                  "Tab Margin MM Radio Button Title",
+                                  "Tab Margin Inches Radio Button Title",
+                                  "Message22_Millimeters_Width",
+                                  "Message22_Millimeters_Length",
+                                  "Message22_Inchs_Width",
+                                  "Message22_Inchs_Length",
                                   "Quantity String",
                                   "NVUncollateSeparator-INT"};
     const auto add = [&keys](const auto& table) {
