@@ -61,6 +61,32 @@ std::vector<ordered_json> drive(const std::vector<std::string>& arguments, const
     return answers;
 }
 
+TEST_F(PaneCommands, DriveReachesTheWindowsThatAPaperMenuOpens) {
+    const auto answers =
+        drive({}, {R"({"do":"host","call":"restore"})", R"({"do":"press","tag":100})",
+                   R"({"do":"choose","tag":201,"item":1})", R"({"do":"choose","tag":204,"menu":2,"item":34})",
+                   R"({"do":"press","tag":718})", R"({"do":"type","tag":712,"text":"8.5"})",
+                   R"({"do":"press","tag":751})", R"({"do":"type","tag":712,"text":"8.50"})",
+                   R"({"do":"step","tag":734,"value":1200})", R"({"do":"press","tag":751})",
+                   R"({"do":"choose","tag":204,"item":6})", R"({"do":"choose","tag":407,"item":2})",
+                   R"({"do":"press","tag":411})", R"({"do":"press","tag":217})",
+                   R"({"do":"host","call":"save"})", R"({"do":"settings"})"});
+    Texts windows;
+    for (const ordered_json& answer : answers) {
+        EXPECT_EQ(answer.value("ok", false), true) << answer;
+        windows.push_back(answer.value("window", ""));
+    }
+    EXPECT_EQ(windows, (Texts{"pane", "covers", "covers", "custom-size", "custom-size", "custom-size",
+                              "custom-size", "custom-size", "custom-size", "covers", "advanced", "advanced",
+                              "covers", "pane", "pane", "pane"}));
+    EXPECT_EQ(
+        answers[6].at("alerts"),
+        ordered_json({"This width can't be used. Enter a width from 3.94 to 12.99 inches, whole or with "
+                      "two decimals, for example 8 or 8.50."}));
+    EXPECT_EQ(answers.back().at("result").value(kPrefix + "NPIFCommandTicket_0", ""),
+              "0,0,0,33,1,0,false,1,215.9,304.8,0");
+}
+
 TEST_F(PaneCommands, ApplyWritesTheTicketsOfTheThreeRecordsInOrder) {
     const ordered_json written = parsed(run({"apply", "--ppd", kPpd, "--settings", kThreeRecords}));
     const std::vector<std::pair<std::string, ordered_json>> expected{
