@@ -21,6 +21,7 @@ class DialogBuilder;
 struct InsertRequest;
 struct InsertValues;
 class SPAddInsertQuantityLArrEMF;
+class SPInsertOptionListEMF;
 class SPAddInsertQuantityTextEditEMF;
 class SPHelpButtonEMF;
 class SPJobSettingScrollViewCtrlEMF;

@@ -1,9 +1,10 @@
 #include "dialogs/SPCustomSizeLittleArrowControlEMF.h"
 
+#include "controls/ControlPanel.h"
 #include "controls/SPInchMMTextEditCtrlEMF.h"
-#include "dialogs/SPCustomSizeWndEMF.h"
 #include "dialogs/custom_size_values.h"
 #include "paper/SPSubMenuListCtrlEMF.h"
+#include "paper/paper_windows.h"
 #include "platform/toolkit/Stepper.h"
 
 #include <string>
@@ -40,7 +41,7 @@ void CustomSizeLittleArrowControl::takeRange(ppd_file_s* ppd) {
 }
 
 bool CustomSizeLittleArrowControl::SetControlValueToUI() {
-    auto* window = dynamic_cast<SPCustomSizeWndEMF*>(ctrlParentPanelPtr);
+    auto* window = dynamic_cast<CustomSizeWindow*>(ctrlParentPanelPtr);
     const SPSubMenuListCtrlEMF* menu = window == nullptr ? nullptr : window->GetSubMenuList();
     if (menu == nullptr || littleArrayIniDataPtr == nullptr) {
         return SPInchMMLittleArrowControlEMF::SetControlValueToUI();

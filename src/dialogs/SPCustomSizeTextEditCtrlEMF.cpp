@@ -1,12 +1,13 @@
 #include "dialogs/SPCustomSizeTextEditCtrlEMF.h"
 
+#include "controls/ControlPanel.h"
 #include "controls/LittleArrayEMFSpecialPages.h"
 #include "controls/integer_transfer.h"
 #include "controls/text_format.h"
 #include "dialogs/SPCustomSizeTextEditFormatterEMF.h"
-#include "dialogs/SPCustomSizeWndEMF.h"
 #include "dialogs/custom_size_values.h"
 #include "paper/SPSubMenuListCtrlEMF.h"
+#include "paper/paper_windows.h"
 #include "platform/toolkit/TextField.h"
 #include "support/input_filter.h"
 
@@ -20,7 +21,7 @@ namespace {
 constexpr std::size_t kMaxDisplayBytes = 23;
 
 const SPSubMenuListCtrlEMF* paper_menu(ControlPanel* panel) {
-    auto* window = dynamic_cast<SPCustomSizeWndEMF*>(panel);
+    auto* window = dynamic_cast<CustomSizeWindow*>(panel);
     return window == nullptr ? nullptr : window->GetSubMenuList();
 }
 

@@ -44,8 +44,7 @@ class SPCustomSizeWndEMF : public PopupWinInPanelEMFSpecialPages, public CustomS
     std::int32_t InitializeUserPaneTitle(platform::Bundle* bundle) override;
 
     void SetSubMenuList(SPSubMenuListCtrlEMF* menu) override { m_pSubMenuList = menu; }
-    /// The menu whose paper is entered; null before the first opening.
-    SPSubMenuListCtrlEMF* GetSubMenuList() { return m_pSubMenuList; }
+    SPSubMenuListCtrlEMF* GetSubMenuList() override { return m_pSubMenuList; }
     std::string defaultCustomWidth() const override;
     std::string defaultCustomLength() const override;
     SPCustomSizeMMTextEditCtrlEMF* getSPCustomSizeWidthMMTextEditCtrlPtr() {

@@ -3,8 +3,8 @@
 #include "controls/ControlPanel.h"
 #include "controls/custom_size_range.h"
 #include "controls/integer_transfer.h"
-#include "dialogs/SPCustomSizeWndEMF.h"
 #include "paper/SPSubMenuListCtrlEMF.h"
+#include "paper/paper_windows.h"
 #include "platform/toolkit/Button.h"
 #include "support/settings_access.h"
 
@@ -72,7 +72,7 @@ bool SPInchMMRadioButtonEMF::SetExternalValueToUI(const ControlValue& value, std
 }
 
 bool SPCustomSizeInchMMRadioButtonEMF::SetControlValueToUI() {
-    auto* window = dynamic_cast<SPCustomSizeWndEMF*>(ctrlParentPanelPtr);
+    auto* window = dynamic_cast<CustomSizeWindow*>(ctrlParentPanelPtr);
     const SPSubMenuListCtrlEMF* menu = window == nullptr ? nullptr : window->GetSubMenuList();
     if (menu == nullptr) {
         return SPInchMMRadioButtonEMF::SetControlValueToUI();

@@ -37,6 +37,8 @@ class PaperMenuWindow {
 /// The window behind the size "Custom".
 class CustomSizeWindow : public PaperMenuWindow {
   public:
+    /// The menu whose paper is entered; null before the first opening.
+    virtual SPSubMenuListCtrlEMF* GetSubMenuList() = 0;
     /// The defaults of its fields in millimetres, as text.
     virtual std::string defaultCustomWidth() const = 0;
     virtual std::string defaultCustomLength() const = 0;

@@ -294,7 +294,7 @@ TEST_F(ExceptionsDialog, CancelledWindowsBehindCustomAndAdvancedLeaveThePaper) {
     open();
     add([&](User& user) {
         EXPECT_TRUE(user.type("5"));
-        const auto cancels = [](Window& behind) {
+        const auto cancels = [](platform::Window& behind) {
             EXPECT_TRUE(behind.performCancel());
         };
         face.then(cancels);

@@ -35,6 +35,7 @@ namespace specialpages::test {
 class GivenCustomSizeWindow : public PopupWinInPanelEMFSpecialPages, public CustomSizeWindow {
   public:
     void SetSubMenuList(SPSubMenuListCtrlEMF* menu) override { given = menu; }
+    SPSubMenuListCtrlEMF* GetSubMenuList() override { return given; }
     std::string defaultCustomWidth() const override { return "148.0"; }
     std::string defaultCustomLength() const override { return "209.9"; }
     std::int32_t ActivateWindow() override {

@@ -52,7 +52,6 @@ const std::vector<Outlet>& outlets() {
         {"SPVerStringSTextCtrl", ViewKind::staticText, 114},
         {"SPMainHelpButton", ViewKind::button, 115},
         {"CoversWindowRef", ViewKind::window, 0},
-        {"InsertWindowRef", ViewKind::window, 0},
         {"spAddExceptionsWindow", ViewKind::window, 0},
         {"spCustomSizeWindow", ViewKind::window, 0},
         {"SPAdvSeleWndRef", ViewKind::window, 0},
