@@ -7,6 +7,7 @@
 #include "dialogs/covers_tables.h"
 #include "dialogs/dialog_builder.h"
 #include "dialogs/dialog_buttons.h"
+#include "dialogs/dialog_title.h"
 #include "paper/SPCoverPageSettingScrollViewCtrlEMF.h"
 #include "paper/SPCoversSelectPaperListCtrlEMF.h"
 #include "paper/SPCoversWinListCtrlEMF.h"
@@ -17,7 +18,6 @@
 #include "platform/toolkit/Window.h"
 #include "ppd/ppd_keywords.h"
 #include "records/SPSummaryScrollViewCtrl.h"
-#include "support/identifiers.h"
 
 #include <array>
 
@@ -141,12 +141,7 @@ void SPAddCoversWndEMF::replayValues() {
 }
 
 void SPAddCoversWndEMF::resetUserPaneTitle(std::int64_t status) {
-    const char* key = status == kSummaryAdding    ? "Add Covers Windows"
-                      : status == kSummaryEditing ? "Edit Covers Windows"
-                                                  : nullptr;
-    if (key != nullptr && windowRef != nullptr && pdeBundleRef != nullptr) {
-        windowRef->setTitle(pdeBundleRef->localizedStringForKey(key, kNoTranslation, {}));
-    }
+    set_title_for_status(windowRef, pdeBundleRef, status, "Add Covers Windows", "Edit Covers Windows");
 }
 
 SPSummaryScrollViewCtrl* SPAddCoversWndEMF::summary() {

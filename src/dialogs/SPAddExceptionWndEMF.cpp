@@ -4,6 +4,7 @@
 #include "controls/StaticTextEditControlEMFSpecialPages.h"
 #include "dialogs/SPAddExceptTextEditCtrlEMF.h"
 #include "dialogs/dialog_builder.h"
+#include "dialogs/dialog_title.h"
 #include "dialogs/exceptions_tables.h"
 #include "paper/SPAddExceptSubMenuListCtrlEMF.h"
 #include "paper/SPJobSettingScrollViewCtrlEMF.h"
@@ -16,7 +17,6 @@
 #include "ppd/ppd_keywords.h"
 #include "records/SPSummaryScrollViewCtrl.h"
 #include "records/exception_records.h"
-#include "support/identifiers.h"
 #include "support/input_filter.h"
 
 #include <algorithm>
@@ -139,12 +139,8 @@ std::int32_t SPAddExceptionWndEMF::ActivateWindow() {
 }
 
 void SPAddExceptionWndEMF::resetUserPaneTitle(std::int64_t status) {
-    const char* key = status == kSummaryAdding    ? "Add Exceptions Windows"
-                      : status == kSummaryEditing ? "Edit Exceptions Windows"
-                                                  : nullptr;
-    if (key != nullptr && windowRef != nullptr && pdeBundleRef != nullptr) {
-        windowRef->setTitle(pdeBundleRef->localizedStringForKey(key, kNoTranslation, {}));
-    }
+    set_title_for_status(windowRef, pdeBundleRef, status, "Add Exceptions Windows",
+                         "Edit Exceptions Windows");
 }
 
 void SPAddExceptionWndEMF::fillFromSelection(const SPSummaryScrollViewCtrl& list) {

@@ -8,6 +8,7 @@
 #include "dialogs/SPInsertOptionListEMF.h"
 #include "dialogs/SPInsertPageTextEditEMF.h"
 #include "dialogs/dialog_builder.h"
+#include "dialogs/dialog_title.h"
 #include "dialogs/inserts_tables.h"
 #include "paper/SPJobSettingScrollViewCtrlEMF.h"
 #include "paper/SPPageSettingScrollViewCtrlEMF.h"
@@ -17,7 +18,6 @@
 #include "platform/toolkit/Window.h"
 #include "records/SPSummaryScrollViewCtrl.h"
 #include "records/insert_records.h"
-#include "support/identifiers.h"
 #include "support/input_filter.h"
 
 #include <algorithm>
@@ -258,12 +258,7 @@ void SPAddInsertWndEMF::recheckConflicts() {
 }
 
 void SPAddInsertWndEMF::resetUserPaneTitle(std::int64_t status) {
-    const char* key = status == kSummaryAdding    ? "Add Inserts Windows"
-                      : status == kSummaryEditing ? "Edit Inserts Windows"
-                                                  : nullptr;
-    if (key != nullptr && windowRef != nullptr && pdeBundleRef != nullptr) {
-        windowRef->setTitle(pdeBundleRef->localizedStringForKey(key, kNoTranslation, {}));
-    }
+    set_title_for_status(windowRef, pdeBundleRef, status, "Add Inserts Windows", "Edit Inserts Windows");
 }
 
 bool SPAddInsertWndEMF::controlsAreValid() {
