@@ -802,10 +802,14 @@ TEST_F(InsertsDialog, ShowsRecordsThatNoDialogMakesAsFarAsItCan) {
     }
 }
 
-TEST_F(InsertsDialog, TellsTheAdvancedWindowNothingWhenThereIsNone) {
+TEST_F(InsertsDialog, CancelInTheAdvancedWindowLeavesTheInsertAsItWas) {
     open({insert_after(3)});
-    EXPECT_EQ(pane->getAdvSeleWndPtr(), nullptr);
     edit({0}, [&](Window& inserts) {
+        face.then([](Window& advanced) {
+            EXPECT_EQ(advanced.name(), "SPAdvSeleWndRef");
+            EXPECT_EQ(platform::Application::shared().modalDepth(), 2U);
+            EXPECT_TRUE(advanced.performCancel());
+        });
         EXPECT_TRUE(popup(inserts, SPInstWndSelePaperTagID).pick(std::vector<std::int64_t>{6}));
         EXPECT_EQ(platform::Application::shared().modalDepth(), 1U);
         ok(inserts);

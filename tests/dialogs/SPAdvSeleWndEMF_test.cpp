@@ -20,7 +20,6 @@ using Indexes = std::array<std::int32_t, 3>;
 class AdvancedPaper : public CoversDialogTest {
   protected:
     static constexpr std::int64_t kAdvanced = 6;
-    static constexpr std::int64_t kNoChangeTop = 1;
 
     SPAdvSeleWndEMF& advanced() { return dynamic_cast<SPAdvSeleWndEMF&>(*pane->getAdvSeleWndPtr()); }
     SPAddInsertWndEMF& inserts() { return dynamic_cast<SPAddInsertWndEMF&>(*pane->getSPAddInsertWndPtr()); }
