@@ -181,6 +181,7 @@ ppd_attr_t* ppdFindAttr_ALT_SPEC(ppd_file_t* ppd, const char* name, const char* 
     if (name == nullptr || spec == nullptr) {
         return nullptr;
     }
+    // By the beginning: "Width" finds "WidthOffset" when that stands first in the PPD.
     return first_attribute(ppd, [name, spec](const ppd_attr_t& attribute) {
         return field_text(attribute.name).starts_with(name) && field_text(attribute.spec).starts_with(spec);
     });

@@ -39,6 +39,21 @@ TEST_F(CoversPictures, InAddEachOptionShowsWhatItLeavesOut) {
     }
 }
 
+TEST_F(CoversPictures, InAddAnInterposerCoverCannotBePrintedOn) {
+    open();
+    for (const std::int64_t chosen : {1, 2, 3, 4}) {
+        add([&](Window& window) {
+            EXPECT_TRUE(pick(window, spCoversWndCoverOptionListID, {chosen}));
+            const ControlTag menu =
+                chosen == 2 ? spCoversWndBackCoverPageListID : spCoversWndFrontCoverPageListID;
+            EXPECT_TRUE(pick(window, menu, {kInterposer}));
+            expect_picture(text_picture(window),
+                           "dialogs/golden/covers-add-" + std::to_string(chosen) + "-interposer.txt");
+            cancel(window);
+        });
+    }
+}
+
 TEST_F(CoversPictures, InEditEachOptionShowsItsCovers) {
     open({cover_front()});
     for (const char* option : {"1", "2", "3", "4"}) {
