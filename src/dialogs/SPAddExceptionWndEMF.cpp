@@ -314,14 +314,6 @@ SPSummaryScrollViewCtrl* SPAddExceptionWndEMF::summary() {
     return hub() == nullptr ? nullptr : hub()->getSPSummaryScrollViewCtrlPtr();
 }
 
-bool SPAddExceptRestoreButtonEMF::UIEventHandler() {
-    SPRestoreButtonEMF::UIEventHandler();
-    if (auto* dialog = dynamic_cast<SPAddExceptionWndEMF*>(ctrlParentPanelPtr)) {
-        dialog->recheckConflicts();
-    }
-    return true;
-}
-
 bool SPAddExceptWndOKButCtrlEMF::UIEventHandler() {
     auto* dialog = dynamic_cast<SPAddExceptionWndEMF*>(ctrlParentPanelPtr);
     if (dialog == nullptr) {

@@ -33,13 +33,9 @@ class SPAddExceptWndOKButCtrlEMF : public BaseButtonEMFSpecialPages {
     bool UIEventHandler() override;
 };
 
-/// The defaults may allow what the choices before them forbade, so paper and sides are checked again.
-class SPAddExceptRestoreButtonEMF : public SPRestoreButtonEMF {
-  public:
-    bool UIEventHandler() override;
-};
-
-class SPAddExceptionWndEMF : public PopupWinInPanelEMFSpecialPages, public RecordDialog {
+class SPAddExceptionWndEMF : public PopupWinInPanelEMFSpecialPages,
+                             public RecordDialog,
+                             public ConflictChecking {
   public:
     using BasePrintPanelEMFSpecialPages::CreatePanel;
     void CreatePanel(platform::Window* window, const char* theWinTitleStr) override;
@@ -52,7 +48,7 @@ class SPAddExceptionWndEMF : public PopupWinInPanelEMFSpecialPages, public Recor
     /// Page text, paper menu and two-side list with nothing filled in.
     void RestoreDefaultValue();
     /// Disables what the shown paper and sides forbid of one another.
-    void recheckConflicts();
+    void recheckConflicts() override;
 
     // What OK does, in its order.
 
@@ -110,7 +106,7 @@ class SPAddExceptionWndEMF : public PopupWinInPanelEMFSpecialPages, public Recor
     SPTwoSidePrintListCtrlEMF* addExceptTowSidePrintListCtrl = nullptr;
     SPJobSettingScrollViewCtrlEMF* addExceptWndJobSettingViewCtrlPtr = nullptr;
     SPHelpButtonEMF* addExceptHelpButPtr = nullptr;
-    SPAddExceptRestoreButtonEMF* addExceptDefaultButPtr = nullptr;
+    SPRestoreButtonEMF* addExceptDefaultButPtr = nullptr;
     SPCancelButCtrlEMF* addExceptCancelButton = nullptr;
     SPAddExceptWndOKButCtrlEMF* addExceptOKBtnCtrl = nullptr;
 

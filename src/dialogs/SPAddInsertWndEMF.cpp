@@ -377,14 +377,6 @@ bool SPAddInsertWndOKButCtrlEMF::ISRecordedCurrentPage(const std::string& page, 
            specialpages::ISRecordedCurrentPage(*dialog->getInsertDataRecordsPtr(), page, atIndex);
 }
 
-bool SPAddInsertRestoreButtonEMF::UIEventHandler() {
-    SPRestoreButtonEMF::UIEventHandler();
-    if (auto* dialog = dynamic_cast<SPAddInsertWndEMF*>(ctrlParentPanelPtr)) {
-        dialog->recheckConflicts();
-    }
-    return true;
-}
-
 bool SPAddInsertWndOKButCtrlEMF::UIEventHandler() {
     auto* dialog = dynamic_cast<SPAddInsertWndEMF*>(ctrlParentPanelPtr);
     if (dialog == nullptr || dialog->hub() == nullptr || !dialog->controlsAreValid()) {

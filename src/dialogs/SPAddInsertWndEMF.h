@@ -40,15 +40,10 @@ class SPAddInsertWndOKButCtrlEMF : public BaseButtonEMFSpecialPages {
     bool ISRecordedCurrentPage(const std::string& page, std::size_t* atIndex) const;
 };
 
-/// The defaults may allow what the choices before them forbade, so the paper is checked again.
-class SPAddInsertRestoreButtonEMF : public SPRestoreButtonEMF {
-  public:
-    bool UIEventHandler() override;
-};
-
 class SPAddInsertWndEMF : public PopupWinInPanelEMFSpecialPages,
                           public InsertsWindow,
                           public RecordDialog,
+                          public ConflictChecking,
                           public PaperMenuDialog {
   public:
     using BasePrintPanelEMFSpecialPages::CreatePanel;
@@ -65,7 +60,7 @@ class SPAddInsertWndEMF : public PopupWinInPanelEMFSpecialPages,
     void setRelatedCtrlWithRecordsPage(const std::optional<std::string>& page, const InsertValues& values);
 
     /// Disables what the shown paper forbids, and "before page one" beside a front cover.
-    void recheckConflicts();
+    void recheckConflicts() override;
 
     // What OK does, in its order.
 
@@ -134,7 +129,7 @@ class SPAddInsertWndEMF : public PopupWinInPanelEMFSpecialPages,
     SPJobSettingScrollViewCtrlEMF* m_SPInstJobSettingViewPtr = nullptr;
     StaticTextEditControlEMFSpecialPages* m_SPInstJobSettingTitlePtr = nullptr;
     SPHelpButtonEMF* m_SPInstHelpBtnPtr = nullptr;
-    SPAddInsertRestoreButtonEMF* m_SPInstDefaultBtnPtr = nullptr;
+    SPRestoreButtonEMF* m_SPInstDefaultBtnPtr = nullptr;
     SPCancelButCtrlEMF* m_SPInstCancelBtnPtr = nullptr;
     SPAddInsertWndOKButCtrlEMF* m_SPInstOKBtnPtr = nullptr;
     RecordList m_InsertDataRecords;

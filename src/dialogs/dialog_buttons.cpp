@@ -16,6 +16,9 @@ bool SPRestoreButtonEMF::UIEventHandler() {
     if (auto* window = dynamic_cast<PopupWinInPanelEMFSpecialPages*>(ctrlParentPanelPtr)) {
         window->SetDefaultValueToUI();
     }
+    if (auto* dialog = dynamic_cast<ConflictChecking*>(ctrlParentPanelPtr)) {
+        dialog->recheckConflicts();
+    }
     return true;
 }
 

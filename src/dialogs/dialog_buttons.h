@@ -11,7 +11,18 @@ class SPCancelButCtrlEMF : public BaseButtonEMFSpecialPages {
     bool UIEventHandler() override;
 };
 
-/// Shows the default of every control; nothing is committed.
+/// A dialog whose defaults may allow what the choices before them forbade.
+class ConflictChecking {
+  public:
+    ConflictChecking() = default;
+    ConflictChecking(const ConflictChecking&) = delete;
+    ConflictChecking& operator=(const ConflictChecking&) = delete;
+    virtual ~ConflictChecking() = default;
+    virtual void recheckConflicts() = 0;
+};
+
+/// Shows the default of every control, and has a dialog that checks conflicts check them again; nothing is
+/// committed.
 class SPRestoreButtonEMF : public BaseButtonEMFSpecialPages {
   public:
     bool UIEventHandler() override;

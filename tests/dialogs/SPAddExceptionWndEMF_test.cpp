@@ -427,7 +427,7 @@ TEST_F(ExceptionsDialog, WithoutAWindowOrAPaneItNeverOpens) {
 
 TEST_F(ExceptionsDialog, ItsButtonsOutsideItDoNothing) {
     SPAddExceptWndOKButCtrlEMF accept;
-    SPAddExceptRestoreButtonEMF restore;
+    SPRestoreButtonEMF restore;
     EXPECT_FALSE(accept.UIEventHandler());
     EXPECT_TRUE(restore.UIEventHandler());
 }
