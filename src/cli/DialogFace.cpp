@@ -96,7 +96,8 @@ void DialogFace::inNextDialog(const std::function<void()>& opener, const EntryPl
     }
 }
 
-void DialogFace::runEvents(platform::Window& window, const std::function<bool()>& stopped) {
+void DialogFace::runEvents(platform::Window& window, const std::function<bool()>& /*stopped*/) {
+    // A dialog that is left open here is given up, and the application cancels it.
     if (const Script* script = std::exchange(script_, nullptr)) {
         try {
             (*script)(window);
@@ -104,9 +105,6 @@ void DialogFace::runEvents(platform::Window& window, const std::function<bool()>
             // The pane's own code is on the way out and knows no exceptions.
             failure_ = std::current_exception();
         }
-    }
-    if (!stopped()) {
-        window.performCancel();
     }
 }
 
