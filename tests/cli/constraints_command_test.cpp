@@ -1,5 +1,6 @@
 #include "cli/run_cli.h"
 #include "platform/foundation/TemporaryDirectory.h"
+#include "testing/paths.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -31,11 +32,11 @@ Result constraints(std::vector<std::string> arguments) {
 }
 
 std::string example_ppd(const std::string& name) {
-    return std::string(SPECIALPAGES_SOURCE_DIR) + "/examples/ppd/" + name + ".ppd";
+    return paths::source_dir() + "/examples/ppd/" + name + ".ppd";
 }
 
 std::string golden(const std::string& name) {
-    return read_test_file(std::string(SPECIALPAGES_SOURCE_DIR) + "/tests/cli/golden/" + name);
+    return read_test_file(paths::source_dir() + "/tests/cli/golden/" + name);
 }
 
 TEST(ConstraintsCommand, CountsWithoutAFlag) {
@@ -94,8 +95,7 @@ TEST(ConstraintsCommand, WritesTheCacheFileThatTheExampleNames) {
     const Result result = constraints({"--ppd", example_ppd("cached"), "--write-cache", file});
     EXPECT_EQ(result.code, 0);
     EXPECT_EQ(result.out, "");
-    EXPECT_EQ(read_test_file(file),
-              read_test_file(std::string(SPECIALPAGES_SOURCE_DIR) + "/examples/ppd/cached.constraints"));
+    EXPECT_EQ(read_test_file(file), read_test_file(paths::source_dir() + "/examples/ppd/cached.constraints"));
 }
 
 TEST(ConstraintsCommand, TheSectionCanBeNamed) {

@@ -20,6 +20,7 @@
 #include "platform/toolkit/Stepper.h"
 #include "platform/toolkit/Window.h"
 #include "support/input_filter.h"
+#include "testing/paths.h"
 
 #include <array>
 #include <filesystem>
@@ -132,7 +133,7 @@ class ControlsWindow : public PopupWinInPanelEMFSpecialPages {
     ControlsWindow() {
         std::string error;
         nib_ = platform::Nib::loadNibFile(
-            std::filesystem::path(SPECIALPAGES_SOURCE_DIR) / "tests/data/controls.ui", *this, &error);
+            std::filesystem::path(paths::source_dir()) / "tests/data/controls.ui", *this, &error);
         if (nib_ == nullptr) {
             throw std::runtime_error(error);
         }

@@ -2,6 +2,7 @@
 #include "cli/cli_fixtures.h"
 #include "host/PaneModule.h"
 #include "host/host_fixtures.h"
+#include "testing/paths.h"
 
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
@@ -19,7 +20,7 @@ using nlohmann::ordered_json;
 using testing::Ran;
 using testing::run;
 
-const std::string kSamplePpd = std::string(SPECIALPAGES_SOURCE_DIR) + "/examples/ppd/production.ppd";
+const std::string kSamplePpd = paths::source_dir() + "/examples/ppd/production.ppd";
 const std::string kTickets = "com.norvalen.nb.rtz.printsettings.NPIFCommandTicket";
 
 class DriveInserts : public ::testing::Test {
@@ -50,7 +51,7 @@ class DriveInserts : public ::testing::Test {
 
     TemporaryFolder folder_;
     ScopedVariable configuration_{"XDG_CONFIG_HOME", folder_.path().c_str()};
-    ScopedVariable bundle_{host::kBundleVariable, SPECIALPAGES_BUNDLE_DIR};
+    ScopedVariable bundle_{host::kBundleVariable, paths::bundle_dir().c_str()};
 };
 
 TEST_F(DriveInserts, AddsEditsAndSavesInserts) {

@@ -2,6 +2,7 @@
 #include "cli/cli_fixtures.h"
 #include "host/PaneModule.h"
 #include "host/host_fixtures.h"
+#include "testing/paths.h"
 
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
@@ -24,7 +25,7 @@ class ExceptionsDrive : public ::testing::Test {
         for (const std::string& request : requests) {
             input += request + "\n";
         }
-        const std::string ppd = std::string(SPECIALPAGES_SOURCE_DIR) + "/examples/ppd/production.ppd";
+        const std::string ppd = paths::source_dir() + "/examples/ppd/production.ppd";
         const auto ran = testing::run({"drive", "--ppd", ppd}, input);
         EXPECT_EQ(ran.exit, 0) << ran.err;
         std::vector<ordered_json> answers;
@@ -40,7 +41,7 @@ class ExceptionsDrive : public ::testing::Test {
 
     host::testing::TemporaryFolder folder_;
     host::testing::ScopedVariable configuration_{"XDG_CONFIG_HOME", folder_.path().c_str()};
-    host::testing::ScopedVariable bundle_{host::kBundleVariable, SPECIALPAGES_BUNDLE_DIR};
+    host::testing::ScopedVariable bundle_{host::kBundleVariable, paths::bundle_dir().c_str()};
 };
 
 const std::string kRefused = "These pages can't be used. Enter page numbers from 1 to 65000 and ranges, "

@@ -3,6 +3,7 @@
 #include "host/PaneModule.h"
 #include "host/host_fixtures.h"
 #include "platform/foundation/atomic_file.h"
+#include "testing/paths.h"
 
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
@@ -20,7 +21,7 @@ using nlohmann::ordered_json;
 using testing::Ran;
 using testing::run;
 
-const std::string kPpd = std::string(SPECIALPAGES_SOURCE_DIR) + "/examples/ppd/production.ppd";
+const std::string kPpd = paths::source_dir() + "/examples/ppd/production.ppd";
 const std::string kPrefix = "com.norvalen.nb.rtz.printsettings.";
 
 class JobCommands : public ::testing::Test {
@@ -51,13 +52,12 @@ class JobCommands : public ::testing::Test {
 
     TemporaryFolder folder_;
     ScopedVariable configuration_{"XDG_CONFIG_HOME", folder_.path().c_str()};
-    ScopedVariable bundle_{host::kBundleVariable, SPECIALPAGES_BUNDLE_DIR};
+    ScopedVariable bundle_{host::kBundleVariable, paths::bundle_dir().c_str()};
 };
 using Records = std::vector<std::string>;
 
 std::string golden(const std::string& name) {
-    return platform::read_file(std::string(SPECIALPAGES_SOURCE_DIR) + "/tests/cli/golden/" + name)
-        .value_or("(no such file)");
+    return platform::read_file(paths::source_dir() + "/tests/cli/golden/" + name).value_or("(no such file)");
 }
 
 TEST_F(JobCommands, EachCoverOptionGivesItsSettingsWhichRestoreToTheSame) {

@@ -1,5 +1,6 @@
 #include "cli/cli_fixtures.h"
 #include "platform/foundation/TemporaryDirectory.h"
+#include "testing/paths.h"
 
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
@@ -19,8 +20,7 @@ Ran pages(std::vector<std::string> arguments) {
 }
 
 std::string golden(const std::string& name) {
-    return platform::testing::read_test_file(std::string(SPECIALPAGES_SOURCE_DIR) + "/tests/cli/golden/" +
-                                             name);
+    return platform::testing::read_test_file(paths::source_dir() + "/tests/cli/golden/" + name);
 }
 
 /// Every command line with its exit code and what it wrote, as a reader at a terminal sees it.

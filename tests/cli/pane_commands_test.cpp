@@ -5,6 +5,7 @@
 #include "host/host_fixtures.h"
 #include "host/settings_file.h"
 #include "platform/foundation/log.h"
+#include "testing/paths.h"
 
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
@@ -24,7 +25,7 @@ using testing::Ran;
 using testing::run;
 using Texts = std::vector<std::string>;
 
-const std::string kExamples = std::string(SPECIALPAGES_SOURCE_DIR) + "/examples/";
+const std::string kExamples = paths::source_dir() + "/examples/";
 const std::string kPpd = kExamples + "ppd/production.ppd";
 const std::string kThreeRecords = kExamples + "settings/three-records.json";
 const std::string kPrefix = "com.norvalen.nb.rtz.printsettings.";
@@ -34,7 +35,7 @@ class PaneCommands : public ::testing::Test {
   protected:
     TemporaryFolder folder_;
     ScopedVariable configuration_{"XDG_CONFIG_HOME", folder_.path().c_str()};
-    ScopedVariable bundle_{host::kBundleVariable, SPECIALPAGES_BUNDLE_DIR};
+    ScopedVariable bundle_{host::kBundleVariable, paths::bundle_dir().c_str()};
 };
 
 ordered_json parsed(const Ran& ran) {
@@ -294,7 +295,7 @@ TEST_F(PaneCommands, APpdThatNamesAMissingNibIsAFaultOfTheBundle) {
     const Ran ran = run({"apply", "--ppd", "-"}, host::testing::small_ppd());
     EXPECT_EQ(ran.exit, 1);
     EXPECT_EQ(ran.err,
-              std::string("special-pages: ") + SPECIALPAGES_BUNDLE_DIR +
+              std::string("special-pages: ") + paths::bundle_dir() +
                   ": expected the nib and the help page that *NVXSpecialPagesSettings of standard input "
                   "names\n");
 }

@@ -7,6 +7,7 @@
 #include "platform/foundation/numbers.h"
 #include "records/record_order.h"
 #include "records/record_ticket.h"
+#include "testing/paths.h"
 
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
@@ -26,7 +27,7 @@ using host::testing::ScopedVariable;
 using host::testing::TemporaryFolder;
 using nlohmann::ordered_json;
 
-const std::string kPpd = std::string(SPECIALPAGES_SOURCE_DIR) + "/examples/ppd/production.ppd";
+const std::string kPpd = paths::source_dir() + "/examples/ppd/production.ppd";
 const std::string kPrefix = "com.norvalen.nb.rtz.printsettings.";
 
 /// An input that makes up each line when it is asked for.
@@ -261,7 +262,7 @@ class RandomDrive : public ::testing::TestWithParam<std::uint32_t> {
   protected:
     TemporaryFolder folder_;
     ScopedVariable configuration_{"XDG_CONFIG_HOME", folder_.path().c_str()};
-    ScopedVariable bundle_{host::kBundleVariable, SPECIALPAGES_BUNDLE_DIR};
+    ScopedVariable bundle_{host::kBundleVariable, paths::bundle_dir().c_str()};
 };
 
 TEST_P(RandomDrive, ScriptsKeepThePaneInOrder) {

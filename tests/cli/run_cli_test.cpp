@@ -1,6 +1,7 @@
 #include "cli/cli_fixtures.h"
 #include "cli/run_cli.h"
 #include "host/host_fixtures.h"
+#include "testing/paths.h"
 
 #include <gtest/gtest.h>
 
@@ -21,8 +22,7 @@ TEST(RunCli, VersionAndHelpAreResults) {
     EXPECT_EQ(version.out.substr(0, 14), "special-pages ");
     EXPECT_NE(version.out.find_first_of("0123456789"), std::string::npos);
     EXPECT_EQ(version.err, "");
-    EXPECT_EQ(version.out.find("(development device keys)") != std::string::npos,
-              SPECIALPAGES_DEVELOPMENT_KEYS == 1)
+    EXPECT_EQ(version.out.find("(development device keys)") != std::string::npos, paths::development_keys())
         << "who gets such a build has to know";
 
     const Ran help = run({"--help"});

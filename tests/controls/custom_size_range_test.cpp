@@ -1,6 +1,7 @@
 #include "controls/custom_size_range.h"
 #include "ppd/open_ppd.h"
 #include "ppd/ppd_builder.h"
+#include "testing/paths.h"
 
 #include <gtest/gtest.h>
 
@@ -30,7 +31,7 @@ std::string limits_of(PointRange points, std::int32_t longMeasure) {
 }
 
 TEST(CustomSizePoints, AreReadFromThePpdForEachSide) {
-    const auto ppd = test::open_ppd(SPECIALPAGES_SOURCE_DIR "/examples/ppd/production.ppd");
+    const auto ppd = test::open_ppd(paths::source_dir() + "/examples/ppd/production.ppd");
     EXPECT_EQ(text(custom_size_points(ppd.get(), kCustomSizeWidth)), "283 to 936");
     EXPECT_EQ(text(custom_size_points(ppd.get(), kCustomSizeLength)), "419 to 1384");
 }

@@ -1,6 +1,7 @@
 #include "host/PaneModule.h"
 #include "host/fake_pane.h"
 #include "host/host_fixtures.h"
+#include "testing/paths.h"
 
 #include <cups/cups.h>
 #include <gtest/gtest.h>
@@ -62,7 +63,7 @@ TEST(FindBundle, WithoutOneTheErrorNamesEveryWay) {
 
 TEST(FindBundle, TheTestsOwnBuildTreeHasOne) {
     const ScopedVariable variable(kBundleVariable, nullptr);
-    EXPECT_EQ(find_bundle(), SPECIALPAGES_BUNDLE_DIR);
+    EXPECT_EQ(find_bundle(), paths::bundle_dir());
 }
 
 TEST(PaneModule, ABundleThatIsNoneIsRefused) {

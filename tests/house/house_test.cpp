@@ -1,4 +1,6 @@
 // Rules of the source tree itself: which floor may include which, and no circle of files.
+#include "testing/paths.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -39,7 +41,7 @@ const std::map<std::string, std::set<std::string>>& allowed() {
 /// The project's own includes of every file below src/, as paths from src/.
 const std::map<std::string, std::vector<std::string>>& includes() {
     static const std::map<std::string, std::vector<std::string>> all = [] {
-        const fs::path src = fs::path(SPECIALPAGES_SOURCE_DIR) / "src";
+        const fs::path src = fs::path(paths::source_dir()) / "src";
         const std::regex line(R"re(^\s*#\s*include\s+"([^"]+)")re");
         std::map<std::string, std::vector<std::string>> found;
         for (const auto& entry : fs::recursive_directory_iterator(src)) {
@@ -90,7 +92,7 @@ TEST(House, OnlyTwoFilesCallLibcupsPpdFunctions) {
         R"(\bppd(OpenFile|MarkDefaults|MarkOption|FindOption|FindChoice|FindMarkedChoice|Conflicts|Close|LastError|ErrorString|PageSize|PageWidth|PageLength)\s*\()");
     std::set<std::string> callers;
     for (const auto& [file, targets] : includes()) {
-        std::ifstream in(fs::path(SPECIALPAGES_SOURCE_DIR) / "src" / file);
+        std::ifstream in(fs::path(paths::source_dir()) / "src" / file);
         for (std::string text; std::getline(in, text);) {
             if (std::regex_search(text.substr(0, text.find("//")), call)) {
                 callers.insert(file);

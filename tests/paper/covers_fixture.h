@@ -9,6 +9,7 @@
 #include "paper/covers_tags.h"
 #include "paper/paper_fixture.h"
 #include "platform/toolkit/TextField.h"
+#include "testing/paths.h"
 
 #include <gtest/gtest.h>
 
@@ -93,7 +94,7 @@ class CoversTest : public ::testing::Test {
             .option("NVNumPunchHoles", "None", "Punch")
             .choice("None", "Off")
             .choice("CoilPunch", "Coil Punch");
-        bundle = platform::Bundle::load(SPECIALPAGES_BUNDLE_DIR);
+        bundle = platform::Bundle::load(paths::bundle_dir());
         if (!bundle) {
             throw std::runtime_error("no bundle was built");
         }

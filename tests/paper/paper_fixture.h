@@ -16,6 +16,7 @@
 #include "records/record_builder.h"
 #include "records/record_tables.h"
 #include "records/summary_tables.h"
+#include "testing/paths.h"
 
 #include <gtest/gtest.h>
 
@@ -155,7 +156,7 @@ class PaperMenuTest : public ::testing::Test {
             .option("NVNumPunchHoles", "None", "Punch")
             .choice("None", "Off")
             .choice("CoilPunch", "Coil Punch");
-        bundle = platform::Bundle::load(SPECIALPAGES_BUNDLE_DIR);
+        bundle = platform::Bundle::load(paths::bundle_dir());
         if (!bundle) {
             throw std::runtime_error("no bundle was built");
         }

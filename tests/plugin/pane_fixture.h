@@ -13,6 +13,7 @@
 #include "ppd/open_ppd.h"
 #include "records/SPSummaryScrollViewCtrl.h"
 #include "support/temporary_bundle.h"
+#include "testing/paths.h"
 
 #include <gtest/gtest.h>
 
@@ -27,14 +28,14 @@ namespace specialpages::test {
 inline const std::string kKey = "com.norvalen.nb.rtz.printsettings.";
 
 inline std::filesystem::path example(const std::string& name) {
-    return std::filesystem::path(SPECIALPAGES_SOURCE_DIR) / "examples" / name;
+    return std::filesystem::path(paths::source_dir()) / "examples" / name;
 }
 
 /// The bundle that the build produced, living for the whole process as a loaded module's does.
 inline const std::shared_ptr<platform::Bundle>& built_bundle() {
     static const std::shared_ptr<platform::Bundle> bundle = [] {
         std::string error;
-        auto loaded = platform::Bundle::load(SPECIALPAGES_BUNDLE_DIR, &error);
+        auto loaded = platform::Bundle::load(paths::bundle_dir(), &error);
         if (!loaded) {
             throw std::runtime_error(error);
         }

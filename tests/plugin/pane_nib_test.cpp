@@ -7,6 +7,7 @@
 #include "platform/toolkit/Nib.h"
 #include "plugin/pane_fixture.h"
 #include "records/record_tables.h"
+#include "testing/paths.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -77,7 +78,7 @@ class PaneNib : public ::testing::Test {
     static void eachNib(const std::function<void(const std::map<std::string, NibElement>&,
                                                  const std::multiset<ControlTag>&)>& check) {
         int nibs = 0;
-        for (const auto& entry : std::filesystem::directory_iterator(SPECIALPAGES_BUNDLE_DIR)) {
+        for (const auto& entry : std::filesystem::directory_iterator(paths::bundle_dir())) {
             if (entry.path().extension() != ".nib") {
                 continue;
             }

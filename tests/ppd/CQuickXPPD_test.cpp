@@ -6,6 +6,7 @@
 #include "ppd/ppd_access.h"
 #include "ppd_builder.h"
 #include "support/settings_access.h"
+#include "testing/paths.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -549,7 +550,7 @@ TEST_F(CacheStamp, StandsBehindTheLastSection) {
 // There and back.
 
 TEST(CacheRoundTrip, TheExamplePpdReadsBackAsItWasCompiled) {
-    const std::string path = std::string(SPECIALPAGES_SOURCE_DIR) + "/tests/data/constraints.ppd";
+    const std::string path = paths::source_dir() + "/tests/data/constraints.ppd";
     const test::OpenPpd ppd = test::open_ppd(path);
     const auto keywords = option_keywords(ppd.get());
     ConstraintIndex compiled;

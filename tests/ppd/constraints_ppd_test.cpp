@@ -5,6 +5,7 @@
 #include "ppd/choice_conflict.h"
 #include "ppd/constraint_index.h"
 #include "ppd/ppd_access.h"
+#include "testing/paths.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -20,8 +21,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-const std::filesystem::path kFile =
-    std::filesystem::path(SPECIALPAGES_SOURCE_DIR) / "tests/data/constraints.ppd";
+const std::filesystem::path kFile = std::filesystem::path(paths::source_dir()) / "tests/data/constraints.ppd";
 
 class ConstraintsPpd : public testing::Test {
   protected:

@@ -1,4 +1,5 @@
 #include "ppd/ppd_keywords.h"
+#include "testing/paths.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -17,7 +18,7 @@ namespace {
 using Row = std::pair<std::string, std::string>;
 
 std::vector<Row> rows_of(const std::string& file, const std::string& pattern) {
-    std::ifstream stream(std::string(SPECIALPAGES_SOURCE_DIR "/") + file, std::ios::binary);
+    std::ifstream stream((paths::source_dir() + "/") + file, std::ios::binary);
     const std::string text{std::istreambuf_iterator<char>(stream), {}};
     const std::regex row(pattern);
     std::vector<Row> rows;
@@ -36,7 +37,7 @@ TEST(PpdKeywords, TheTableHas149Rows) {
 }
 
 TEST(PpdKeywords, NoConstantIsDeclaredInAnotherForm) {
-    std::ifstream stream(SPECIALPAGES_SOURCE_DIR "/src/ppd/ppd_keywords.h", std::ios::binary);
+    std::ifstream stream(paths::source_dir() + "/src/ppd/ppd_keywords.h", std::ios::binary);
     const std::string text{std::istreambuf_iterator<char>(stream), {}};
     std::size_t constants = 0;
     for (std::size_t at = text.find("constexpr"); at != std::string::npos;

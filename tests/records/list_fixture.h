@@ -15,6 +15,7 @@
 #include "records/record_builder.h"
 #include "records/record_tables.h"
 #include "records/summary_tables.h"
+#include "testing/paths.h"
 
 #include <gtest/gtest.h>
 
@@ -107,7 +108,7 @@ class ListPane : public BasePrintPanelEMFSpecialPages, public SpecialPagesHub {
 class ListTest : public ::testing::Test {
   protected:
     ListTest() {
-        bundle = platform::Bundle::load(SPECIALPAGES_BUNDLE_DIR);
+        bundle = platform::Bundle::load(paths::bundle_dir());
         if (!bundle) {
             throw std::runtime_error("no bundle was built");
         }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/services/cryptography.h"
+#include "testing/paths.h"
 
 #include <gtest/gtest.h>
 
@@ -23,7 +24,7 @@ class TestKey {
   public:
     explicit TestKey(int bits) {
         const std::string path =
-            SPECIALPAGES_SOURCE_DIR "/tests/data/keys/test-" + std::to_string(bits) + ".pem";
+            paths::source_dir() + "/tests/data/keys/test-" + std::to_string(bits) + ".pem";
         BIO* file = BIO_new_file(path.c_str(), "r");
         key_ = PEM_read_bio_PrivateKey(file, nullptr, nullptr, nullptr);
         BIO_free(file);

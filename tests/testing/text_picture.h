@@ -14,6 +14,7 @@
 #include "platform/toolkit/TableView.h"
 #include "platform/toolkit/TextField.h"
 #include "platform/toolkit/Window.h"
+#include "testing/paths.h"
 
 #include <gtest/gtest.h>
 
@@ -163,8 +164,8 @@ inline std::string text_picture(platform::Window& window) {
 /// Compares with the kept picture `tests/NAME`. One that differs is written to the build folder, so that it
 /// can be looked at beside the kept one.
 inline void expect_picture(const std::string& actual, const std::string& name) {
-    const auto kept = platform::read_file(std::filesystem::path(SPECIALPAGES_SOURCE_DIR) / "tests" / name);
-    const std::filesystem::path drawn = std::filesystem::path(SPECIALPAGES_BINARY_DIR) / "pictures" / name;
+    const auto kept = platform::read_file(std::filesystem::path(paths::source_dir()) / "tests" / name);
+    const std::filesystem::path drawn = std::filesystem::path(paths::binary_dir()) / "pictures" / name;
     if (kept != actual) {
         std::filesystem::create_directories(drawn.parent_path());
         platform::write_file_atomically(drawn, actual);

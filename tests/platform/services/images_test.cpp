@@ -1,5 +1,6 @@
 #include "platform/foundation/TemporaryDirectory.h"
 #include "platform/services/images.h"
+#include "testing/paths.h"
 
 #include <gtest/gtest.h>
 
@@ -163,8 +164,7 @@ TEST(Pictures, AreReadFromFilesByTheirContents) {
 
 TEST(Pictures, OfThePanesIconsCanBeRead) {
     for (const char* name : {"AddCovers.bmp", "AddInserts.bmp", "AddExceptions.bmp"}) {
-        const auto picture =
-            initWithContentsOfFile(std::string(SPECIALPAGES_SOURCE_DIR "/resources/icons/") + name);
+        const auto picture = initWithContentsOfFile((paths::source_dir() + "/resources/icons/") + name);
         ASSERT_TRUE(picture) << name;
         EXPECT_GT(picture->width, 0U);
         EXPECT_EQ(picture->rgba.size(), std::size_t{picture->width} * picture->height * 4);

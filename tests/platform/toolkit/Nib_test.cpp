@@ -6,6 +6,7 @@
 #include "platform/toolkit/TableView.h"
 #include "platform/toolkit/TextField.h"
 #include "platform/toolkit/Window.h"
+#include "testing/paths.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -21,7 +22,7 @@ namespace {
 
 using testing::ElementsAre;
 
-const std::filesystem::path kCorpus = std::filesystem::path(SPECIALPAGES_SOURCE_DIR) / "fuzz/corpus/nib";
+const std::filesystem::path kCorpus = std::filesystem::path(paths::source_dir()) / "fuzz/corpus/nib";
 
 std::string contents(const std::filesystem::path& file) {
     std::ifstream stream(file, std::ios::binary);
