@@ -22,9 +22,9 @@ namespace {
 using cache_fields::kFieldEnd;
 constexpr char kLineEnd = '\n';
 /// How much of a data line is looked at at a time, longer entries apart.
-constexpr std::size_t kPieceBytes = 16 * 1024;
+constexpr std::size_t kPieceBytes = 16'384;
 /// How much of a cache file is read at a time.
-constexpr std::size_t kReadBytes = 64 * 1024;
+constexpr std::size_t kReadBytes = 65'536;
 /// An entry of a cache file is seldom shorter.
 constexpr std::size_t kUsualEntryBytes = 20;
 
