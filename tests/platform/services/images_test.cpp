@@ -163,7 +163,7 @@ TEST(Pictures, AreReadFromFilesByTheirContents) {
 }
 
 TEST(Pictures, OfThePanesIconsCanBeRead) {
-    for (const char* name : {"AddCovers.bmp", "AddInserts.bmp", "AddExceptions.bmp"}) {
+    for (const char* name : {"AddCovers.bmp", "AddInserts.bmp", "AddExceptions.bmp", "Warning.bmp"}) {
         const auto picture = initWithContentsOfFile((paths::source_dir() + "/resources/icons/") + name);
         ASSERT_TRUE(picture) << name;
         EXPECT_GT(picture->width, 0U);
