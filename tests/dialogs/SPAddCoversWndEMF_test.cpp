@@ -175,6 +175,23 @@ TEST_F(CoversDialog, AFrontCoverRemovesTheInsertsBeforePageOneAndABackCoverDoesN
     }
 }
 
+TEST_F(CoversDialog, UndoTakesTheFrontCoverBackTogetherWithWhatItRemoved) {
+    const RecordList inserts{insert("0", "1", 1), insert_after(3)};
+    open(inserts);
+    add([&](Window& covers) {
+        option(covers, CoverOption::frontOnly);
+        ok(covers);
+    });
+    ASSERT_EQ(records().size(), 2U);
+    EXPECT_TRUE(is_front_cover(records()[0]));
+    EXPECT_EQ(records()[1].text(RecordKey::page), "3");
+    click(*pane->panelView(), specialPagesSPUndoButID);
+    ASSERT_EQ(records().size(), 2U);
+    EXPECT_EQ(records()[0].text(RecordKey::insertoption), "1");
+    EXPECT_EQ(records()[0].text(RecordKey::page), "0");
+    EXPECT_EQ(records()[1].text(RecordKey::page), "3");
+}
+
 TEST_F(CoversDialog, APrintedCoverHasTheJobsSizeAndNoInterposer) {
     open();
     add([&](Window& covers) {

@@ -419,6 +419,26 @@ TEST_F(SummaryEditing, NeighboursMoveAsABlock) {
     EXPECT_EQ(table.selectedRowIndexes(), (RowSet{1, 2}));
 }
 
+TEST_F(SummaryEditing, AMoveBeforeAnyAddLeavesTheMovedRowMarkedAndNothingSelected) {
+    fill({insert_after(3, 1), insert_after(3, 2)});
+    list.setSummaryScrollViewStatus(kSummaryIdle);
+    table.userSelects({1});
+    list.upSelectedItems();
+    EXPECT_EQ(stored(), (RecordList{insert_after(3, 2), insert_after(3, 1)}));
+    EXPECT_EQ(table.selectedRowIndexes(), RowSet{});
+    EXPECT_EQ(marked(), RowSet{0});
+}
+
+TEST_F(SummaryEditing, AMoveAfterAnEditLeavesNothingMarkedOrSelected) {
+    fill({insert_after(3, 1), insert_after(3, 2)});
+    list.setSummaryScrollViewStatus(kSummaryEditing);
+    table.userSelects({0});
+    list.downSelectedItems();
+    EXPECT_EQ(stored(), (RecordList{insert_after(3, 2), insert_after(3, 1)}));
+    EXPECT_EQ(table.selectedRowIndexes(), RowSet{});
+    EXPECT_EQ(marked(), RowSet{});
+}
+
 TEST_F(SummaryEditing, MovingWithoutASelectionDoesNothing) {
     fill({insert_after(3, 1), insert_after(3, 2)});
     list.upSelectedItems();

@@ -1,8 +1,25 @@
 #include "platform/toolkit/TableView.h"
 
-#include <algorithm>
+#include <utility>
 
 namespace specialpages::platform {
+
+namespace {
+
+/// Gives the flag its value back at the end, also when a delegate throws.
+class Restored {
+  public:
+    explicit Restored(bool& flag) : flag_(flag), before_(flag) {}
+    ~Restored() { flag_ = before_; }
+    Restored(const Restored&) = delete;
+    Restored& operator=(const Restored&) = delete;
+
+  private:
+    bool& flag_;
+    bool before_;
+};
+
+} // namespace
 
 TableViewDataSource::~TableViewDataSource() = default;
 TableViewDelegate::~TableViewDelegate() = default;
@@ -59,9 +76,13 @@ std::optional<std::string> TableView::toolTipForRow(std::size_t row) {
 }
 
 void TableView::setSelection(RowSet rows) {
-    if (selection_ == rows) {
+    const bool isNested = isTelling_;
+    if (selection_ == rows || (isNested && nestedChanges_ == kMaxNestedChanges)) {
         return;
     }
+    nestedChanges_ = isNested ? nestedChanges_ + 1 : 0;
+    const Restored restored(isTelling_);
+    isTelling_ = true;
     selection_ = std::move(rows);
     announce(ViewChange::selection);
     if (delegate_ != nullptr) {

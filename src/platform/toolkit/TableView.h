@@ -46,6 +46,10 @@ class SPECIALPAGES_PLATFORM_API TableView : public View {
   public:
     TableView() : View(ViewKind::table) {}
 
+    /// How often delegate and observers together may change the selection while one change is told. Far more
+    /// than any that settles needs, and few enough for the stack.
+    static constexpr int kMaxNestedChanges = 100;
+
     const std::vector<TableColumn>& tableColumns() const { return columns_; }
     void setTableColumns(std::vector<TableColumn> columns);
     void setHeaderTitle(std::size_t column, std::string title);
@@ -68,7 +72,9 @@ class SPECIALPAGES_PLATFORM_API TableView : public View {
 
     const RowSet& selectedRowIndexes() const { return selection_; }
     std::size_t numberOfSelectedRows() const { return selection_.size(); }
-    /// Rows past the end are left out. The delegate is told once, and only when the selection changed.
+    /// Rows past the end are left out. The delegate is told once, and only when the selection changed. It may
+    /// change the selection while it is told, and is told of that too; after kMaxNestedChanges of them within
+    /// one outer change the selection stays as it is, so that a delegate that never settles comes to an end.
     void selectRowIndexes(const RowSet& rows, ExtendingSelection extending);
     void deselectAll();
 
@@ -88,6 +94,8 @@ class SPECIALPAGES_PLATFORM_API TableView : public View {
     Action doubleAction_;
     std::size_t rows_ = 0;
     RowSet selection_;
+    bool isTelling_ = false;
+    int nestedChanges_ = 0;
 };
 
 } // namespace specialpages::platform

@@ -1,8 +1,7 @@
 #include "platform/toolkit/TextField.h"
 
-#include <unicode/brkiter.h>
-#include <unicode/locid.h>
-#include <unicode/unistr.h>
+#include "platform/foundation/text.h"
+#include "platform/foundation/utf8_repair.h"
 
 #include <utility>
 #include <vector>
@@ -13,19 +12,11 @@ namespace {
 
 /// The text cut where a user sees one character end and the next begin. Ill-formed bytes become U+FFFD.
 std::vector<std::string> composed_characters(std::string_view text) {
+    const std::u16string units = utf16_from_utf8(repaired_utf8(text)).value_or(std::u16string());
     std::vector<std::string> characters;
-    UErrorCode status = U_ZERO_ERROR;
-    const std::unique_ptr<icu::BreakIterator> breaks(
-        icu::BreakIterator::createCharacterInstance(icu::Locale::getRoot(), status));
-    if (U_FAILURE(status) != 0) {
-        return characters;
-    }
-    const auto units =
-        icu::UnicodeString::fromUTF8(icu::StringPiece(text.data(), static_cast<std::int32_t>(text.size())));
-    breaks->setText(units);
-    std::int32_t begin = breaks->first();
-    for (std::int32_t end = breaks->next(); end != icu::BreakIterator::DONE; end = breaks->next()) {
-        units.tempSubStringBetween(begin, end).toUTF8String(characters.emplace_back());
+    std::size_t begin = 0;
+    for (const std::size_t end : composed_character_ends(units)) {
+        characters.push_back(utf8_from_utf16(std::u16string_view(units).substr(begin, end - begin)));
         begin = end;
     }
     return characters;

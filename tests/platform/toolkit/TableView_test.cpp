@@ -3,7 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
+#include <stdexcept>
 
 namespace specialpages::platform {
 namespace {
@@ -145,6 +147,68 @@ TEST(TableView, ADelegateThatSelectsWhatIsSelectedIsNotToldAgain) {
     };
     f.table.selectRowIndexes({2}, ExtendingSelection::no);
     EXPECT_EQ(f.delegate.told, 1);
+}
+
+TEST(TableView, ADelegateThatNeverSettlesComesToAnEnd) {
+    Fixture fixture(2);
+    fixture.delegate.onChange = [](TableView& table) {
+        table.selectRowIndexes({1 - *table.selectedRowIndexes().begin()}, ExtendingSelection::no);
+    };
+    fixture.table.selectRowIndexes({0}, ExtendingSelection::no);
+    EXPECT_EQ(fixture.delegate.told, 1 + TableView::kMaxNestedChanges);
+    EXPECT_EQ(fixture.table.selectedRowIndexes(), RowSet{0}) << "what the delegate was told last";
+
+    fixture.delegate.told = 0;
+    EXPECT_TRUE(fixture.table.userSelects({1})) << "each outer change counts anew";
+    EXPECT_EQ(fixture.delegate.told, 1 + TableView::kMaxNestedChanges);
+    EXPECT_EQ(fixture.table.selectedRowIndexes(), RowSet{1});
+}
+
+TEST(TableView, ADelegateThatChangesTheSelectionTwiceEachTimeComesToAnEndAsSoon) {
+    Fixture fixture(2);
+    fixture.delegate.onChange = [](TableView& table) {
+        table.deselectAll();
+        table.selectRowIndexes({0}, ExtendingSelection::no);
+        table.selectRowIndexes({1}, ExtendingSelection::no);
+    };
+    fixture.table.selectRowIndexes({0}, ExtendingSelection::no);
+    EXPECT_EQ(fixture.delegate.told, 1 + TableView::kMaxNestedChanges);
+}
+
+TEST(TableView, AnObserverThatNeverSettlesComesToAnEnd) {
+    Fixture fixture(2);
+    int announced = 0;
+    fixture.table.addObserver([&](View&, ViewChange) {
+        ++announced;
+        fixture.table.selectRowIndexes({1 - *fixture.table.selectedRowIndexes().begin()},
+                                       ExtendingSelection::no);
+    });
+    fixture.table.selectRowIndexes({0}, ExtendingSelection::no);
+    EXPECT_EQ(announced, 1 + TableView::kMaxNestedChanges);
+}
+
+TEST(TableView, ADelegateMayWalkThroughManyRows) {
+    Fixture fixture(TableView::kMaxNestedChanges + 1);
+    fixture.delegate.onChange = [](TableView& table) {
+        const std::size_t next = *table.selectedRowIndexes().begin() + 1;
+        table.selectRowIndexes({std::min(next, table.numberOfRows() - 1)}, ExtendingSelection::no);
+    };
+    fixture.table.selectRowIndexes({0}, ExtendingSelection::no);
+    EXPECT_EQ(fixture.table.selectedRowIndexes(), RowSet{TableView::kMaxNestedChanges});
+    EXPECT_EQ(fixture.delegate.told, 1 + TableView::kMaxNestedChanges);
+}
+
+TEST(TableView, ADelegateThatThrowsLeavesTheNextChangeItsTellings) {
+    Fixture fixture(2);
+    fixture.delegate.onChange = [](TableView&) {
+        throw std::runtime_error("of the delegate");
+    };
+    EXPECT_THROW(fixture.table.selectRowIndexes({0}, ExtendingSelection::no), std::runtime_error);
+    fixture.delegate.onChange = nullptr;
+    for (int i = 0; i < 2 * TableView::kMaxNestedChanges; ++i) {
+        fixture.table.selectRowIndexes({static_cast<std::size_t>(1 - i % 2)}, ExtendingSelection::no);
+    }
+    EXPECT_EQ(fixture.delegate.told, 1 + 2 * TableView::kMaxNestedChanges);
 }
 
 TEST(TableView, ADelegateMayReloadFromInsideTheNotification) {
