@@ -188,27 +188,28 @@ void SpecialPagesPDEnvbir15::CreatePanelControls(platform::Window* window) {
     tabMarginValue = 127;
 }
 
+void SpecialPagesPDEnvbir15::addWindow(PopupWinInPanelEMFSpecialPages* dialog, platform::Window* window,
+                                       const char* title) {
+    if (dialog != nullptr) {
+        dialog->CreatePanel(window, title);
+        RunTimeAddNewWindow(dialog);
+    }
+}
+
 void SpecialPagesPDEnvbir15::addWindows() {
-    const auto addWindow = [this](PopupWinInPanelEMFSpecialPages* dialog, platform::Window* window,
-                                  const char* title) {
-        if (dialog != nullptr) {
-            dialog->CreatePanel(window, title);
-            RunTimeAddNewWindow(dialog);
-        }
-    };
     addWindow(spAddCoversWndPtr, CoversWindowRef, "Add Covers Windows");
     addWindow(spAddInsertWndPtr, InsertWindowRef, "Add Inserts Windows");
     addWindow(spAddExceptionsWndPtr, spAddExceptionsWindow, "Add Exceptions Windows");
     addWindow(spCustomSizeWndPtr, spCustomSizeWindow, "Custom Size Windows");
     addWindow(SPAdvSeleWndPtr, SPAdvSeleWndRef, "Adv Paper Wnd");
     addWindow(spWarningWndPtr, WarningWindowRef, nullptr);
-    addWindow(spTabStockWndPtr, spTabStockWindow, "Tab Margin Text");
-    addWindow(spTabStockSubWndPtr, spTabStockSubWindow, "Number In Sequence Text");
 }
 
 void SpecialPagesPDEnvbir15::buildPane(platform::PDEPluginCallback& host, ppd_file_s* ppd,
                                        std::int32_t& helpStatus) {
     CreatePanelControls(SpecialPagesView == nullptr ? nullptr : SpecialPagesView->window());
+    addWindow(spTabStockWndPtr, spTabStockWindow, "Tab Margin Text");
+    addWindow(spTabStockSubWndPtr, spTabStockSubWindow, "Number In Sequence Text");
     helpStatus = RegisterMyHelpBook();
     // The windows exist only now.
     SetxppdPtr(Getxppd());

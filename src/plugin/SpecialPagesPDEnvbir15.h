@@ -134,6 +134,7 @@ class SpecialPagesPDEnvbir15 : public platform::PrintDialogPanel,
     const platform::PageFormat* outputPageFormat() override;
 
   private:
+    void addWindow(PopupWinInPanelEMFSpecialPages* dialog, platform::Window* window, const char* title);
     void addWindows();
     void buildPane(platform::PDEPluginCallback& host, ppd_file_s* ppd, std::int32_t& helpStatus);
     bool writeTickets();

@@ -148,6 +148,21 @@ TEST_F(JobCommands, ACustomSizeThatTheWindowRefusesIsQuoted) {
     EXPECT_EQ(said(R"("width":"210","length":"")").substr(0, place.size() + 7), place + "length:");
 }
 
+TEST_F(JobCommands, TheWindowBehindTabStockIsConfirmed) {
+    EXPECT_EQ(records(R"({"covers":{"option":"front","front":{"paper":{"type":"TabbedPaper1"}}},
+                          "inserts":[{"after":"2","paper":{"type":"TabbedPaper2","size":"Letter"}}],
+                          "exceptions":[{"pages":"3","paper":{"type":"TabbedPaper1"}},
+                                        {"pages":"4","paper":{"type":"TabbedPaper1","color":"Blue"}}]})"),
+              (Records{"0,0,0,2,0,36,false,1,210.0,297.0,1", "1,2,11,37,0,false,0,1,210.0,297.0,1",
+                       "2,3,2,36,0,false,1,210.0,297.0,1", "2,4,2,36,1,false,1,210.0,297.0,1"}));
+}
+
+TEST_F(JobCommands, TabStockThatThePaneForbidsOpensNoWindow) {
+    EXPECT_EQ(refusal(R"({"exceptions":[{"pages":"3","paper":{"size":"A3","type":"TabbedPaper1"}}]})"),
+              "special-pages: standard input, exceptions[0].paper.type: the pane does not allow "
+              "\"Tab Stock 1\" here: Not with Paper Size: A3\n");
+}
+
 TEST_F(JobCommands, ACustomSizeThatThePaneForbidsOpensNoWindow) {
     EXPECT_EQ(refusal(R"({"covers":{"option":"front","front":{"print":"side-one",
                           "paper":{"size":"Custom","width":"210","length":"297"}}}})"),

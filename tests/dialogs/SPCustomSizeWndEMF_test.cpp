@@ -5,6 +5,7 @@
 #include "dialogs/custom_size_tables.h"
 #include "paper/advanced_tags.h"
 #include "platform/foundation/atomic_file.h"
+#include "platform/foundation/comma_locale.h"
 #include "platform/toolkit/Stepper.h"
 #include "ppd/ppd_builder.h"
 #include "support/input_filter.h"
@@ -476,6 +477,30 @@ TEST_F(CustomSizeTest, WithoutMenuOrWindowNothingIsGivenBack) {
     EXPECT_EQ(lone.getCustomPageSizeLongMeasure(), 1);
     EXPECT_TRUE(lone.controlsAreValid());
     lone.giveBackSize();
+}
+
+TEST_F(CustomSizeTest, IsTheSameUnderAGermanLocale) {
+    open();
+    const platform::testing::CommaLocale comma;
+    fromNewCover({[&](Window& window) {
+                      EXPECT_THAT(fields(window), ElementsAre("210.0", "297.0", "8.27", "11.69"));
+                      EXPECT_EQ(text(window, SPCustomSizeWidthInchStaticTextID), "Width (3.94 - 12.99):");
+                      EXPECT_TRUE(enter(window, kWidthMM, "210.5"));
+                      EXPECT_EQ(text(window, kWidthInch), "8.29");
+                      put(window, kWidthMM, "210,5");
+                      expectRefused(window, kWidthMMMessage, kWidthMM);
+                      EXPECT_TRUE(enter(window, kWidthMM, "210.5"));
+                      inches(window);
+                      EXPECT_TRUE(stepper(window, SPCustomSizeLengthInchLittleArrowID).step(1170));
+                      EXPECT_EQ(text(window, kLengthMM), "297.2");
+                      EXPECT_TRUE(enter(window, kWidthInch, "8.50"));
+                      okCustom(window);
+                      EXPECT_THAT(stored(), ElementsAre("215.9", "297.2", "0"));
+                  },
+                  [&](Window& window) {
+                      EXPECT_THAT(fields(window), ElementsAre("215.9", "297.2", "8.50", "11.70"));
+                      cancelCustom(window);
+                  }});
 }
 
 TEST_F(CustomSizeTest, LooksAsKeptInBothUnits) {

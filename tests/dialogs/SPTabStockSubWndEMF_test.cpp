@@ -121,7 +121,8 @@ TEST_F(TabStockSubTest, DefaultsShowThreeAndMoveNothing) {
 
 TEST_F(TabStockSubTest, ACoverThatFallsBackToTabStockOpensNothing) {
     open();
-    // All types in front of tab stock are disabled by hand: the menu then takes tab stock by itself.
+    // There is no step for a window: the menu takes tab stock as it does where all types before are
+    // forbidden.
     add([&](Window& covers) {
         option(covers, CoverOption::frontOnly);
         auto& menu = *dialog->getSPCoverWndFrontSelectPaperListPtr();
@@ -164,7 +165,7 @@ TEST_F(TabStockSubTest, EveryTagHasItsViewAndControlsStandInTheirOrder) {
         EXPECT_EQ(controls[i]->GetControlPtr()->tag(), views[i].first);
         EXPECT_EQ(controls[i]->GetControlPtr()->kind(), views[i].second) << views[i].first;
     }
-    const Window& window = *tabStock().window();
+    Window& window = *tabStock().window();
     EXPECT_EQ(window.defaultButton(), window.viewWithTag(SPTabMarginSubOKButtonID));
     EXPECT_EQ(window.cancelButton(), window.viewWithTag(SPTabMarginSubCancelButtonID));
 }

@@ -638,7 +638,7 @@ TEST_F(TabStockTest, EveryTagHasItsViewAndControlsStandInTheirOrder) {
         EXPECT_EQ(controls[i]->GetControlPtr()->tag(), views[i].first);
         EXPECT_EQ(controls[i]->GetControlPtr()->kind(), views[i].second) << views[i].first;
     }
-    const Window& window = *tabStock().window();
+    Window& window = *tabStock().window();
     EXPECT_EQ(window.defaultButton(), window.viewWithTag(SPTabMarginOKButtonID));
     EXPECT_EQ(window.cancelButton(), window.viewWithTag(SPTabMarginCancelButtonID));
 }

@@ -48,7 +48,7 @@ TEST_F(PaneLifecycle, PrintingWithoutAnyEarlierCallBuildsThePaneAndWritesADefaul
     EXPECT_TRUE(pane->shouldPrint());
     EXPECT_FALSE(pane->isFirstInitialzePDE());
     EXPECT_EQ(pane->controlCount(), 16);
-    EXPECT_EQ(pane->windowCount(), 6);
+    EXPECT_EQ(pane->windowCount(), 8) << "the two of tab stock come last";
     EXPECT_EQ(get("NPIFCommandTicketCount"), "0");
     EXPECT_EQ(get("SpecialPageRecordCountTicket"), "0");
 }

@@ -3,6 +3,7 @@
 #include "dialogs/advanced_tables.h"
 #include "dialogs/covers_tables.h"
 #include "dialogs/custom_size_tables.h"
+#include "dialogs/tab_stock_tables.h"
 #include "platform/foundation/Bundle.h"
 #include "platform/toolkit/Nib.h"
 #include "plugin/pane_fixture.h"
@@ -56,6 +57,8 @@ const std::vector<Outlet>& outlets() {
         {"spAddExceptionsWindow", ViewKind::window, 0},
         {"spCustomSizeWindow", ViewKind::window, 0},
         {"SPAdvSeleWndRef", ViewKind::window, 0},
+        {"spTabStockWindow", ViewKind::window, 0},
+        {"spTabStockSubWindow", ViewKind::window, 0},
         {"WarningWindowRef", ViewKind::window, 0},
         {"WarningWndIconImage", ViewKind::icon, 801},
     };
@@ -127,6 +130,16 @@ TEST_F(PaneNib, EveryTagStandsOnce) {
         for (const ControlTag tag :
              {SPCustomSizeMMRadioButtonID, SPCustomSizeInchesRadioButtonID, SPCustomSizeOKButtonID,
               SPCustomSizeCancelButtonID, SPCustomSizeDefaultButtonID, SPCustomSizeHelpButtonID}) {
+            EXPECT_EQ(tags.count(tag), 1U) << tag;
+        }
+        for (ControlTag tag = SPNumInSequenceEditTextID; tag <= SPTabMarginListTitleID; ++tag) {
+            EXPECT_EQ(tags.count(tag), 1U) << tag;
+        }
+        for (const ControlTag tag :
+             {SPNumInSequenceStaticTextID, SPTabMarginOKButtonID, SPTabMarginCancelButtonID,
+              SPTabMarginDefaultButtonID, SPNumInSequenceSubStaticTextID, SPNumInSequenceSubEditTextID,
+              SPNumInSequenceSubLittleArrowID, SPTabMarginSubOKButtonID, SPTabMarginSubCancelButtonID,
+              SPTabMarginSubDefaultButtonID, SPTabMarginSubHelpButtonID}) {
             EXPECT_EQ(tags.count(tag), 1U) << tag;
         }
         for (ControlTag tag = spCoversWndCoverOptionListTitleID; tag <= spCoversWndOKButtonID; ++tag) {
