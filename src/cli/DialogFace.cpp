@@ -79,6 +79,16 @@ void DialogFace::inDialog(std::int32_t button, const EntryPlace& place, const Sc
 
 void DialogFace::inNextDialog(const std::function<void()>& opener, const EntryPlace& place,
                               const Script& script) {
+    if (!runScript(opener, script)) {
+        throw refused(place, "the pane opens no window for this");
+    }
+}
+
+void DialogFace::inPossibleDialog(const std::function<void()>& opener, const Script& script) {
+    runScript(opener, script);
+}
+
+bool DialogFace::runScript(const std::function<void()>& opener, const Script& script) {
     failure_ = nullptr;
     script_ = &script;
     try {
@@ -91,9 +101,7 @@ void DialogFace::inNextDialog(const std::function<void()>& opener, const EntryPl
     if (failure_) {
         std::rethrow_exception(std::exchange(failure_, nullptr));
     }
-    if (!opened) {
-        throw refused(place, "the pane opens no window for this");
-    }
+    return opened;
 }
 
 void DialogFace::runEvents(platform::Window& window, const std::function<bool()>& /*stopped*/) {

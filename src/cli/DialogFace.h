@@ -50,6 +50,9 @@ class DialogFace final : public platform::ApplicationFace {
     /// The same for the dialog that `opener` opens, which is done by hand in the dialog that is open.
     void inNextDialog(const std::function<void()>& opener, const EntryPlace& place, const Script& script);
 
+    /// The same where it depends on the pane whether `opener` opens a dialog: without one, nothing more.
+    void inPossibleDialog(const std::function<void()>& opener, const Script& script);
+
     /// Presses the button that commits the dialog. HostError (refused) with the pane's own message when the
     /// dialog stays open.
     void commit(platform::Window& dialog, std::int32_t button, const EntryPlace& place);
@@ -69,6 +72,9 @@ class DialogFace final : public platform::ApplicationFace {
     void beep() override { ++beeps_; }
 
   private:
+    /// Whether a dialog opened.
+    bool runScript(const std::function<void()>& opener, const Script& script);
+
     platform::Window& main_;
     platform::ApplicationFace* before_;
     const Script* script_ = nullptr; ///< for the next dialog

@@ -36,13 +36,28 @@ std::int64_t choice_position(platform::Window& dialog, std::int32_t menuTag, std
     throw HostError(ErrorCode::input, place.text(), "the printer has no \"" + keyword + "\"");
 }
 
+/// OK in one of the windows behind a type of tab stock.
+void confirm_tab_stock(DialogFace& face, platform::Window& window, const EntryPlace& place) {
+    const bool large = window.viewWithTag(kTabStockOKTag) != nullptr;
+    face.commit(window, large ? kTabStockOKTag : kTabStockSubOKTag, place);
+}
+
 /// Picks the choice of that keyword, unless it stands there already.
-void choose_part(platform::Window& dialog, std::int32_t menuTag, std::int64_t part,
+void choose_part(DialogFace& face, platform::Window& dialog, std::int32_t menuTag, std::int64_t part,
                  const std::string& keyword, const EntryPlace& place) {
     const std::int64_t position = choice_position(dialog, menuTag, part, keyword, place);
     const platform::MenuItem* opener = popup_in(dialog, menuTag).menu().itemAtIndex(part);
-    if (!opener->submenu()->itemAtIndex(position)->state()) {
+    if (opener->submenu()->itemAtIndex(position)->state()) {
+        return;
+    }
+    const auto pick = [&] {
         choose(dialog, menuTag, {part, position}, place);
+    };
+    if (part == kTypeItem) {
+        face.inPossibleDialog(pick,
+                              [&](platform::Window& window) { confirm_tab_stock(face, window, place); });
+    } else {
+        pick();
     }
 }
 
@@ -107,7 +122,7 @@ void enter_paper(DialogFace& face, platform::Window& dialog, std::int32_t menuTa
     if (paper->width) {
         enter_custom_size(face, dialog, menuTag, *paper, place);
     }
-    enter_paper_parts(dialog, menuTag, *paper, place);
+    enter_paper_parts(face, dialog, menuTag, *paper, place);
 }
 
 struct SideTags {
@@ -170,14 +185,14 @@ void enter_exception(DialogFace& face, const JobException& exception, const std:
 
 } // namespace
 
-void enter_paper_parts(platform::Window& dialog, std::int32_t menuTag, const JobPaper& paper,
-                       const EntryPlace& place) {
+void enter_paper_parts(DialogFace& face, platform::Window& dialog, std::int32_t menuTag,
+                       const JobPaper& paper, const EntryPlace& place) {
     const std::array<std::pair<const std::optional<std::string>*, std::string_view>, 3> parts{
         {{&paper.size, "size"}, {&paper.color, "color"}, {&paper.type, "type"}}};
     std::int64_t position = kSizeItem;
     for (const auto& [keyword, name] : parts) {
         if (*keyword) {
-            choose_part(dialog, menuTag, position, **keyword, place.at(name));
+            choose_part(face, dialog, menuTag, position, **keyword, place.at(name));
         }
         ++position;
     }

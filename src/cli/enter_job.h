@@ -16,8 +16,8 @@ namespace specialpages::cli {
 void enter_job(const Job& job, const std::string& file, platform::Window& main);
 
 /// Picks the size, color and type that are given in the paper menu of that tag, each unless it stands there
-/// already. HostError as above.
-void enter_paper_parts(platform::Window& dialog, std::int32_t menuTag, const JobPaper& paper,
-                       const EntryPlace& place);
+/// already. The window that opens behind a type of tab stock is confirmed as it stands. HostError as above.
+void enter_paper_parts(DialogFace& face, platform::Window& dialog, std::int32_t menuTag,
+                       const JobPaper& paper, const EntryPlace& place);
 
 } // namespace specialpages::cli

@@ -131,7 +131,7 @@ void menus_command(const MenusOptions& options, Streams streams) {
             const std::array<std::int64_t, 1> frontOnly{kFrontCoverItem};
             DialogFace::choose(dialog, kCoverOptionTag, frontOnly, {kSelect, "front"});
         }
-        enter_paper_parts(dialog, window.menu, paper, {kSelect, ""});
+        enter_paper_parts(face, dialog, window.menu, paper, {kSelect, ""});
         items = described(popup_in(dialog, window.menu).menu());
     });
     if (options.json) {

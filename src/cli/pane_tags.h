@@ -40,6 +40,8 @@ inline constexpr std::int32_t kCustomInchesTag = 718;
 inline constexpr std::int32_t kCustomLengthMMTag = 731;
 inline constexpr std::int32_t kCustomLengthInchTag = 732;
 inline constexpr std::int32_t kCustomOKTag = 751;
+inline constexpr std::int32_t kTabStockOKTag = 551;
+inline constexpr std::int32_t kTabStockSubOKTag = 651;
 
 // Positions in the menus of the dialogs.
 inline constexpr std::int64_t kFrontCoverItem = 1;
@@ -47,6 +49,7 @@ inline constexpr std::int64_t kInsertAfterItem = 0;
 inline constexpr std::int64_t kInsertBeforeItem = 1;
 inline constexpr std::int64_t kNoChangeItem = 1;
 inline constexpr std::int64_t kSizeItem = 2; ///< color and type follow
+inline constexpr std::int64_t kTypeItem = 4;
 inline constexpr std::int64_t kInterposerItem = 5;
 
 /// A printer whose PPD has no such attribute has no pane.

@@ -4,6 +4,7 @@
 
 #include "controls/BaseButtonEMFSpecialPages.h"
 #include "controls/PopupWinInPanelEMFSpecialPages.h"
+#include "dialogs/TabStockDialog.h"
 #include "paper/CoversWindow.h"
 #include "paper/SPCoversSelectPaperListCtrlEMF.h"
 #include "paper/paper_windows.h"
@@ -34,7 +35,8 @@ class SPAddCoversWndOKButCtrlEMF : public BaseButtonEMFSpecialPages {
 class SPAddCoversWndEMF : public PopupWinInPanelEMFSpecialPages,
                           public CoversWindow,
                           public RecordDialog,
-                          public PaperMenuDialog {
+                          public PaperMenuDialog,
+                          public TabStockDialog {
   public:
     using BasePrintPanelEMFSpecialPages::CreatePanel;
     void CreatePanel(platform::Window* window, const char* theWinTitleStr) override;
@@ -79,8 +81,8 @@ class SPAddCoversWndEMF : public PopupWinInPanelEMFSpecialPages,
     const RecordList* getCoversDataRecordsPtr() override { return &m_CoversDataRecords; }
     void removeAllCoversDataRecords() { m_CoversDataRecords.clear(); }
     void addOneCoversDataRecord(const SpecialPageRecord& record) { m_CoversDataRecords.push_back(record); }
-    void setTabStockValue(std::int32_t value) { TabStockValue = value; }
-    std::int32_t getTabStockValue() const { return TabStockValue; }
+    void setTabStockValue(std::int32_t value) override { TabStockValue = value; }
+    std::int32_t getTabStockValue() const override { return TabStockValue; }
     /// The list of special pages; null outside a pane.
     SPSummaryScrollViewCtrl* summary();
     /// Position of the option list.

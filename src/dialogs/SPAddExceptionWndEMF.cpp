@@ -310,6 +310,12 @@ const PaperTitles* SPAddExceptionWndEMF::paperTitles() {
     return addExceptPaperSelectListCtrl;
 }
 
+void SPAddExceptionWndEMF::updatePaperViews() {
+    if (addExceptPageSettingInfoViewPtr != nullptr) {
+        addExceptPageSettingInfoViewPtr->Update();
+    }
+}
+
 SPSummaryScrollViewCtrl* SPAddExceptionWndEMF::summary() {
     return hub() == nullptr ? nullptr : hub()->getSPSummaryScrollViewCtrlPtr();
 }

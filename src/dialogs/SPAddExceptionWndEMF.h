@@ -7,7 +7,9 @@
 
 #include "controls/BaseButtonEMFSpecialPages.h"
 #include "controls/PopupWinInPanelEMFSpecialPages.h"
+#include "dialogs/TabStockDialog.h"
 #include "dialogs/dialog_buttons.h"
+#include "paper/paper_windows.h"
 #include "records/RecordDialog.h"
 #include "records/exception_rows.h"
 
@@ -35,7 +37,9 @@ class SPAddExceptWndOKButCtrlEMF : public BaseButtonEMFSpecialPages {
 
 class SPAddExceptionWndEMF : public PopupWinInPanelEMFSpecialPages,
                              public RecordDialog,
-                             public ConflictChecking {
+                             public ConflictChecking,
+                             public PaperMenuDialog,
+                             public TabMarginDialog {
   public:
     using BasePrintPanelEMFSpecialPages::CreatePanel;
     void CreatePanel(platform::Window* window, const char* theWinTitleStr) override;
@@ -74,16 +78,17 @@ class SPAddExceptionWndEMF : public PopupWinInPanelEMFSpecialPages,
     std::optional<std::string> getExceptionsCustomPageWidth() const;
     std::optional<std::string> getExceptionsCustomPageLength() const;
 
-    void setTabStockValue(std::int32_t value) { TabStockValue = value; }
-    std::int32_t getTabStockValue() const { return TabStockValue; }
-    void setTabMarginListValue(std::int32_t value) { TabMarginListValue = value; }
-    std::int32_t getTabMarginListValue() const { return TabMarginListValue; }
-    void setTabMarginValue(std::int32_t value) { TabMarginValue = value; }
-    std::int32_t getTabMarginValue() const { return TabMarginValue; }
+    void setTabStockValue(std::int32_t value) override { TabStockValue = value; }
+    std::int32_t getTabStockValue() const override { return TabStockValue; }
+    void setTabMarginListValue(std::int32_t value) override { TabMarginListValue = value; }
+    std::int32_t getTabMarginListValue() const override { return TabMarginListValue; }
+    void setTabMarginValue(std::int32_t value) override { TabMarginValue = value; }
+    std::int32_t getTabMarginValue() const override { return TabMarginValue; }
 
     const RecordList* recordsForList() override { return &arrangedAddExceptionsRecords; }
     bool doTabStockSetCheckByIndex(std::int32_t pagetype) override;
     const PaperTitles* paperTitles() override;
+    void updatePaperViews() override;
     void openForRecords() override { ActivateWindow(); }
 
   private:

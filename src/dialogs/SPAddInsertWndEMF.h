@@ -7,6 +7,7 @@
 #include "controls/BaseButtonEMFSpecialPages.h"
 #include "controls/PopupWinInPanelEMFSpecialPages.h"
 #include "dialogs/InsertsWindow.h"
+#include "dialogs/TabStockDialog.h"
 #include "dialogs/dialog_buttons.h"
 #include "paper/paper_windows.h"
 #include "records/RecordDialog.h"
@@ -44,7 +45,8 @@ class SPAddInsertWndEMF : public PopupWinInPanelEMFSpecialPages,
                           public InsertsWindow,
                           public RecordDialog,
                           public ConflictChecking,
-                          public PaperMenuDialog {
+                          public PaperMenuDialog,
+                          public TabStockDialog {
   public:
     using BasePrintPanelEMFSpecialPages::CreatePanel;
     void CreatePanel(platform::Window* window, const char* theWinTitleStr) override;
@@ -90,8 +92,8 @@ class SPAddInsertWndEMF : public PopupWinInPanelEMFSpecialPages,
     /// Nothing for an index past the end.
     void replaceOneInsertDataRecord(const SpecialPageRecord& record, std::size_t atIndex);
     void removeAllInsertDataRecords() { m_InsertDataRecords.clear(); }
-    void setTabStockValue(std::int32_t value) { TabStockValue = value; }
-    std::int32_t getTabStockValue() const { return TabStockValue; }
+    void setTabStockValue(std::int32_t value) override { TabStockValue = value; }
+    std::int32_t getTabStockValue() const override { return TabStockValue; }
     std::int64_t getStatus() const override;
     bool severalAreEdited() const override;
     bool hasFrontCover() const override;

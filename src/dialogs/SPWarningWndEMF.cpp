@@ -1,8 +1,10 @@
 #include "dialogs/SPWarningWndEMF.h"
 
+#include "controls/SPIconViewCtrlEMF.h"
 #include "controls/StaticTextEditControlEMFSpecialPages.h"
 #include "platform/foundation/Bundle.h"
 #include "platform/toolkit/Application.h"
+#include "platform/toolkit/IconView.h"
 #include "platform/toolkit/Window.h"
 #include "support/identifiers.h"
 
@@ -15,6 +17,7 @@ namespace {
 
 constexpr std::int32_t kAgreed = 0;
 constexpr std::int32_t kCancelled = 1;
+constexpr const char* kWarningIcon = "Warning.bmp";
 constexpr const char* kDeleteSelectedKey = "Delete Selected Special Pages";
 constexpr const char* kDeleteAllKey = "Delete All Special Pages";
 
@@ -54,6 +57,11 @@ void SPWarningWndEMF::CreatePanel(platform::Window* window, const char* theWinTi
         control->CreateControl(button, key);
         RunTimeAddNewControl(std::move(control), field);
     };
+    WarningWndIconImage = dynamic_cast<platform::IconView*>(view(spWarningWndIconID));
+    auto icon = std::make_unique<SPIconViewCtrlEMF>();
+    icon->CreateControl(WarningWndIconImage, spWarningWndIconID, kWarningIcon);
+    SPIconViewCtrlEMF* registered = nullptr;
+    RunTimeAddNewControl(std::move(icon), registered);
     addText(spWarningTitleTextCtrlPtr, view(spWarningWndTitleID), "Delete Special Pages Title");
     addText(spWarningMessageTextCtrlPtr, view(spWarningWndMessageID), kDeleteSelectedKey);
     addButton(spWarningOKButPtr, view(spWarningWndOKButID), "SP Warning OK Btn");

@@ -1,11 +1,15 @@
 // A small modal question that asks the user to confirm a deletion of special pages. Its window's title bar
-// stays empty; the words stand in two static texts.
+// stays empty; the words stand in two static texts, beside the sign that it is a warning.
 #pragma once
 
 #include "controls/BaseButtonEMFSpecialPages.h"
 #include "controls/PopupWinInPanelEMFSpecialPages.h"
 
 namespace specialpages {
+
+namespace platform {
+class IconView;
+}
 
 class SPWarningWndOKButCtrlEMF : public BaseButtonEMFSpecialPages {
   public:
@@ -20,6 +24,7 @@ class SPWarningWndCancelButCtrlEMF : public BaseButtonEMFSpecialPages {
 class StaticTextEditControlEMFSpecialPages;
 
 /// Tags of its views.
+inline constexpr ControlTag spWarningWndIconID = 801;
 inline constexpr ControlTag spWarningWndTitleID = 802;
 inline constexpr ControlTag spWarningWndMessageID = 803;
 inline constexpr ControlTag spWarningWndOKButID = 804;
@@ -40,6 +45,7 @@ class SPWarningWndEMF : public PopupWinInPanelEMFSpecialPages {
 
   private:
     std::int32_t exitStatus = 1;
+    platform::IconView* WarningWndIconImage = nullptr; ///< the window's; null when that has none
     StaticTextEditControlEMFSpecialPages* spWarningTitleTextCtrlPtr = nullptr;
     StaticTextEditControlEMFSpecialPages* spWarningMessageTextCtrlPtr = nullptr;
     SPWarningWndOKButCtrlEMF* spWarningOKButPtr = nullptr;

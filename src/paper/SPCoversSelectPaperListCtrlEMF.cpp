@@ -125,7 +125,7 @@ void SPCoversSelectPaperListCtrlEMF::fallBackToAllowedType() {
     for (std::int64_t position = 1; position < count; ++position) {
         const platform::MenuItem& item = *types->itemAtIndex(position);
         if (!item.isHidden() && item.isEnabled()) {
-            doControlAction(item.tag(), MenuActionSender::subMenuItem);
+            doControlAction(item.tag(), MenuActionSender::fallback);
             return;
         }
     }

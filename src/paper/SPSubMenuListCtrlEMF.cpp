@@ -165,8 +165,8 @@ void SPSubMenuListCtrlEMF::RequestControlAction(platform::View* sender) {
 }
 
 void SPSubMenuListCtrlEMF::doControlAction(std::int32_t tag, MenuActionSender sender) {
-    if (sender == MenuActionSender::subMenuItem) {
-        chooseSubMenuItem(tag);
+    if (sender != MenuActionSender::popUp) {
+        chooseSubMenuItem(tag, sender);
     } else {
         CurrentSelectedItem = popup() == nullptr ? -1 : popup()->indexOfSelectedItem();
         if (CurrentSelectedItem == kAdvancedPosition) {
@@ -182,13 +182,17 @@ void SPSubMenuListCtrlEMF::doControlAction(std::int32_t tag, MenuActionSender se
     UIEventHandler();
 }
 
-void SPSubMenuListCtrlEMF::chooseSubMenuItem(std::int32_t tag) {
+void SPSubMenuListCtrlEMF::chooseSubMenuItem(std::int32_t tag, MenuActionSender sender) {
     const auto [position, index] = read_tag(tag);
     CurrentSelectedItem = position;
     if (const auto part = paper_part(position)) {
         choose(*part, index);
         if (*part == PaperPart::size && doCustomSizeSetCheckByIndex(index)) {
             openCustomSizeWindow();
+        }
+        if (*part == PaperPart::type && doTabStockSetCheckByIndex(index) &&
+            sender == MenuActionSender::subMenuItem) {
+            openTabStockWindow();
         }
     }
     paper.interposer = false;
@@ -199,6 +203,18 @@ void SPSubMenuListCtrlEMF::openCustomSizeWindow() {
     PopupWinInPanelEMFSpecialPages* window = hub() == nullptr ? nullptr : hub()->getCustomSizeWndPtr();
     if (auto* custom = dynamic_cast<CustomSizeWindow*>(window)) {
         custom->SetSubMenuList(this);
+        window->ActivateWindow();
+    }
+}
+
+void SPSubMenuListCtrlEMF::openTabStockWindow() {
+    if (hub() == nullptr) {
+        return;
+    }
+    // Only exceptions are printed on: covers and inserts have no margin to shift.
+    PopupWinInPanelEMFSpecialPages* window =
+        m_iInsertWndType == kExceptionsWndType ? hub()->getTabStockWndPtr() : hub()->getTabStockSubWndPtr();
+    if (window != nullptr) {
         window->ActivateWindow();
     }
 }

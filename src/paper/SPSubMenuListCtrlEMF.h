@@ -40,8 +40,9 @@ class SPSummaryScrollViewCtrl;
 /// Which window hosts a paper menu.
 enum PaperMenuWindowType : std::int32_t { kCoversWndType = 0, kInsertsWndType = 1, kExceptionsWndType = 2 };
 
-/// Who sent an action. Tags do not tell: an item of a sub-menu and a view may have the same.
-enum class MenuActionSender { popUp, subMenuItem };
+/// Who sent an action. Tags do not tell: an item of a sub-menu and a view may have the same. A fallback is an
+/// item that the menu takes by itself, with no user to open a window for.
+enum class MenuActionSender { popUp, subMenuItem, fallback };
 
 class SPSubMenuListCtrlEMF : public PopupControlEMFSpecialPages, public PaperTitles {
   public:
@@ -157,8 +158,9 @@ class SPSubMenuListCtrlEMF : public PopupControlEMFSpecialPages, public PaperTit
 
   private:
     struct Surroundings;
-    void chooseSubMenuItem(std::int32_t tag);
+    void chooseSubMenuItem(std::int32_t tag, MenuActionSender sender);
     void openCustomSizeWindow();
+    void openTabStockWindow();
     void openAdvancedWindow();
     void wordInterposerItem(ppd_file_s* ppd);
     void checkItem(PaperPart part, std::int64_t position);

@@ -202,6 +202,8 @@ void SpecialPagesPDEnvbir15::addWindows() {
     addWindow(spCustomSizeWndPtr, spCustomSizeWindow, "Custom Size Windows");
     addWindow(SPAdvSeleWndPtr, SPAdvSeleWndRef, "Adv Paper Wnd");
     addWindow(spWarningWndPtr, WarningWindowRef, nullptr);
+    addWindow(spTabStockWndPtr, spTabStockWindow, "Tab Margin Text");
+    addWindow(spTabStockSubWndPtr, spTabStockSubWindow, "Number In Sequence Text");
 }
 
 void SpecialPagesPDEnvbir15::buildPane(platform::PDEPluginCallback& host, ppd_file_s* ppd,

@@ -5,6 +5,8 @@
 #include "dialogs/SPAddInsertWndEMF.h"
 #include "dialogs/SPAdvSeleWndEMF.h"
 #include "dialogs/SPCustomSizeWndEMF.h"
+#include "dialogs/SPTabStockSubWndEMF.h"
+#include "dialogs/SPTabStockWndEMF.h"
 #include "dialogs/SPWarningWndEMF.h"
 #include "platform/toolkit/Button.h"
 #include "platform/toolkit/IconView.h"
@@ -124,6 +126,12 @@ std::unique_ptr<platform::NibObject> SpecialPagesPDEnvbir15::instantiate(std::st
     }
     if (className == "SPAdvSeleWndEMF") {
         return std::make_unique<SPAdvSeleWndEMF>();
+    }
+    if (className == "SPTabStockWndEMF") {
+        return std::make_unique<SPTabStockWndEMF>();
+    }
+    if (className == "SPTabStockSubWndEMF") {
+        return std::make_unique<SPTabStockSubWndEMF>();
     }
     if (className == "SPWarningWndEMF") {
         return std::make_unique<SPWarningWndEMF>();

@@ -1,34 +1,32 @@
 #include "ppd/CQuickXPPD.h"
 
 #include "platform/foundation/numbers.h"
+#include "ppd/cache_fields.h"
 #include "ppd/ppd_access.h"
 #include "support/settings_access.h"
 
 #include <algorithm>
 #include <array>
-#include <bit>
 #include <charconv>
-#include <cstring>
-#include <filesystem>
 #include <fstream>
 #include <istream>
 #include <memory>
 #include <ostream>
-#include <system_error>
+#include <sys/stat.h>
 #include <utility>
 
 namespace specialpages {
 
 namespace {
 
-constexpr char kFieldEnd = '@';
+using cache_fields::kFieldEnd;
 constexpr char kLineEnd = '\n';
 /// How much of a data line is looked at at a time, longer entries apart.
-constexpr std::size_t kPieceBytes = 16 * 1024;
+constexpr std::size_t kPieceBytes = 16'384;
 /// How much of a cache file is read at a time.
-constexpr std::uintmax_t kReadBytes = 64 * 1024;
+constexpr std::size_t kReadBytes = 65'536;
 /// An entry of a cache file is seldom shorter.
-constexpr std::uintmax_t kUsualEntryBytes = 20;
+constexpr std::size_t kUsualEntryBytes = 20;
 
 /// Takes the text before the first delimiter, and the delimiter, off the source.
 bool take_field(std::string_view& source, std::string_view& field, char delimiter) {
@@ -41,120 +39,25 @@ bool take_field(std::string_view& source, std::string_view& field, char delimite
     return true;
 }
 
-/// The number at the head of the field, cut to 16 bits.
-std::uint16_t position_from(std::string_view field) {
-    return static_cast<std::uint16_t>(platform::int_value(field));
-}
-
-constexpr std::uint64_t kEachByte = 0x0101010101010101;
-
-/// The first character in the lowest byte.
-template <typename Word>
-Word word_at(const char* text) {
-    Word word = 0;
-    std::memcpy(&word, text, sizeof word);
-    return word;
-}
-
-/// Bit n is set when character n of the eight is "@".
-std::uint32_t field_ends(std::uint64_t word) {
-    constexpr std::uint64_t kLow = kEachByte * 0x7F;
-    const std::uint64_t other = word ^ (kEachByte * kFieldEnd);
-    const std::uint64_t flags = ~(((other & kLow) + kLow) | other | kLow); // the top bit of each
-    return static_cast<std::uint32_t>(((flags >> 7) * 0x0102040810204080) >> 56);
-}
-
-/// The last of four characters are digits, `count` of them: where they begin in the word.
-constexpr unsigned shift_of(std::size_t count) {
-    return 8 * (4 - static_cast<unsigned>(count)) & 31;
-}
-
-/// The positions of an entry, apart from each other and wider than they are: x_constraints, written in its
-/// narrow parts and read as a whole at once, would stall the processor.
-struct Positions {
-    std::uint32_t& group;
-    std::uint32_t& option;
-    std::uint32_t& choice;
-};
-
-/// How many characters the three positions at the head of the text take, the first of one digit and the
-/// others of one to four, each followed by "@"; 0 for any other text. Loading a cache is reading such
-/// numbers, and a branch on how many digits the next one has would be guessed wrong half the time: hence
-/// none.
-std::size_t read_plain_positions(std::string_view text, Positions positions) {
-    constexpr std::size_t kWindow = 16;
-    if (text.size() < kWindow + sizeof(std::uint32_t) || std::endian::native != std::endian::little) {
-        return 0;
+/// The three positions at the head of the source; a size of 0 when they are not whole. A field that is no
+/// number counts as 0, and a number is cut to 16 bits.
+cache_fields::ReadPositions read_positions(std::string_view source) {
+    if (source.size() >= cache_fields::kReadable) {
+        const auto plain = cache_fields::read_plain_positions(source.data());
+        if (plain.size != 0) {
+            return plain;
+        }
     }
-    const char* at = text.data();
-    std::uint32_t ends = field_ends(word_at<std::uint64_t>(at)) |
-                         field_ends(word_at<std::uint64_t>(at + kWindow / 2)) << kWindow / 2;
-    const auto next_start = [&ends] {
-        const auto end = static_cast<std::size_t>(std::countr_zero(ends)); // 32 without a further one
-        ends &= ends - 1;
-        return end + 1;
-    };
-    const std::size_t option = next_start();
-    const std::size_t choice = next_start();
-    const std::size_t size = next_start();
-    const std::size_t option_digits = choice - option - 1;
-    const std::size_t choice_digits = size - choice - 1;
-    const auto group = static_cast<std::uint32_t>(at[0] - '0');
-    if (option != 2 || size > kWindow || group > 9 || option_digits - 1 > 3 || choice_digits - 1 > 3) {
-        return 0;
-    }
-    // Option and choice side by side in one word, the last digit of each in its highest byte.
-    const auto side_by_side = [=](std::uint32_t for_option, std::uint32_t for_choice) {
-        return std::uint64_t{for_option << shift_of(option_digits)} |
-               std::uint64_t{for_choice << shift_of(choice_digits)} << 32;
-    };
-    constexpr std::uint32_t kZeros = 0x30303030;
-    const std::uint64_t digits =
-        side_by_side(word_at<std::uint32_t>(at + option), word_at<std::uint32_t>(at + choice)) ^
-        side_by_side(kZeros, kZeros);
-    if ((((digits + kEachByte * 6) | digits) & (kEachByte * 0xF0)) != 0) {
-        return 0;
-    }
-    const std::uint64_t pairs = (digits * 10 + (digits >> 8)) & 0x00FF00FF00FF00FF;
-    const std::uint64_t numbers = pairs * 100 + (pairs >> 16);
-    positions.group = group;
-    positions.option = static_cast<std::uint32_t>(numbers & 0xFFFF);
-    positions.choice = static_cast<std::uint32_t>((numbers >> 32) & 0xFFFF);
-    return size;
-}
-
-/// Takes the three positions of an entry off the source.
-bool take_positions(std::string_view& source, Positions positions) {
-    if (const std::size_t size = read_plain_positions(source, positions); size != 0) {
-        source.remove_prefix(size);
-        return true;
-    }
-    for (std::uint32_t* position : {&positions.group, &positions.option, &positions.choice}) {
+    std::array<std::uint16_t, 3> positions{};
+    std::string_view rest = source;
+    for (std::uint16_t& position : positions) {
         std::string_view field;
-        if (!take_field(source, field, kFieldEnd)) {
-            return false;
+        if (!take_field(rest, field, kFieldEnd)) {
+            return {};
         }
-        *position = position_from(field);
+        position = static_cast<std::uint16_t>(platform::int_value(field));
     }
-    return true;
-}
-
-/// starts_with() for many texts of one prefix: word by word, the last two perhaps overlapping.
-bool starts_with(std::string_view text, std::string_view prefix) {
-    constexpr std::size_t kWord = sizeof(std::uint64_t);
-    if (prefix.size() < kWord || text.size() < prefix.size()) {
-        return text.starts_with(prefix);
-    }
-    const std::size_t last = prefix.size() - kWord;
-    const auto differs = [&](std::size_t at) {
-        return word_at<std::uint64_t>(text.data() + at) != word_at<std::uint64_t>(prefix.data() + at);
-    };
-    for (std::size_t at = 0; at < last; at += kWord) {
-        if (differs(at)) {
-            return false;
-        }
-    }
-    return !differs(last);
+    return {packed(positions[0], positions[1], positions[2]), source.size() - rest.size()};
 }
 
 /// Inserts the entries of a data line that arrives in pieces.
@@ -179,26 +82,28 @@ class EntryReader {
     /// Takes the entries off that begin with the key and its "@". A file holds the entries of a key in a row,
     /// so that only the first of them needs to be looked for.
     void read_run(std::string_view key, std::string_view& piece) {
-        std::uint32_t group = 0;
-        std::uint32_t option = 0;
-        std::uint32_t choice = 0;
-        auto id = ConstraintIndex::kNoKey;
-        bool first = true;
-        while (starts_with(piece, key)) {
-            std::string_view rest = piece.substr(key.size());
-            if (!take_positions(rest, {group, option, choice})) {
-                return;
-            }
-            piece = rest;
-            const x_constraints place{static_cast<std::uint16_t>(group), static_cast<std::uint16_t>(option),
-                                      static_cast<std::uint16_t>(choice)};
-            if (!first) {
-                index_->insert(id, place);
-            } else if (key.size() > 1) {
-                id = index_->insert(key.substr(0, key.size() - 1), place);
-            }
-            first = false;
+        std::string_view rest = piece.substr(key.size());
+        const auto [first, size] = read_positions(rest);
+        if (size == 0) {
+            return;
         }
+        rest.remove_prefix(size);
+        auto id = ConstraintIndex::kNoKey;
+        if (key.size() > 1) {
+            id = index_->insert(key.substr(0, key.size() - 1), unpacked(first));
+        }
+        const char* at = rest.data();
+        const char* const end = at + rest.size();
+        const std::size_t readable = key.size() + cache_fields::kReadable;
+        while (static_cast<std::size_t>(end - at) >= readable && cache_fields::same_text(at, key)) {
+            const auto plain = cache_fields::read_plain_positions(at + key.size());
+            if (plain.size == 0) {
+                break;
+            }
+            index_->insert(id, unpacked(plain.place));
+            at += key.size() + plain.size;
+        }
+        piece = {at, static_cast<std::size_t>(end - at)};
     }
 
     ConstraintIndex* index_;
@@ -364,25 +269,21 @@ std::int32_t GetXPPD(ppd_file_t* ppd, ConstraintIndex* index, std::string_view s
         return 1;
     }
     // A device or a pipe might never end.
-    const std::filesystem::path path(attribute->value);
-    std::error_code unreadable;
-    if (!std::filesystem::is_regular_file(path, unreadable)) {
+    struct stat status {};
+    if (stat(attribute->value, &status) != 0 || !S_ISREG(status.st_mode)) {
         return 1;
     }
-    const std::uintmax_t size = std::filesystem::file_size(path, unreadable);
-    if (unreadable) {
-        return 1;
-    }
-    const auto buffer_size = static_cast<std::size_t>(std::min(size + 1, kReadBytes));
+    const auto size = static_cast<std::size_t>(status.st_size);
+    const std::size_t buffer_size = std::min(size + 1, kReadBytes);
     const auto buffer = std::make_unique_for_overwrite<char[]>(buffer_size);
     std::ifstream file;
     file.rdbuf()->pubsetbuf(buffer.get(), static_cast<std::streamsize>(buffer_size));
-    file.open(path, std::ios::binary);
+    file.open(attribute->value, std::ios::binary);
     if (!file.is_open()) {
         return 1;
     }
     CQuickXPPD reader(index, std::string(sectionBase) + (panther ? "Panther" : "Tiger"));
-    index->reserve(index->size() + static_cast<std::size_t>(size / kUsualEntryBytes));
+    index->reserve(index->size() + size / kUsualEntryBytes);
     file >> reader;
     return 0;
 }

@@ -14,21 +14,47 @@ constexpr std::array<std::uint64_t, 28> kPrimes = {
     786433,    1572869,   3145739,   6291469,   12582917,   25165843,   50331653,
     100663319, 201326611, 402653189, 805306457, 1610612741, 3221225473, 4294967291};
 
-/// The told hash gives many names that differ in digits the same number ("17" and "22"), so that chains hold
-/// keys of one hash. This one tells them apart without a look at their texts.
+template <typename Word>
+std::uint64_t word_at(const char* text) {
+    Word word = 0;
+    std::memcpy(&word, text, sizeof word);
+    return word;
+}
+
+/// The whole of a text of less than eight characters; different for different texts of one size.
+std::uint64_t short_word(std::string_view text) {
+    constexpr std::size_t kHalf = sizeof(std::uint32_t);
+    if (text.size() >= kHalf) {
+        return word_at<std::uint32_t>(text.data()) << 32 |
+               word_at<std::uint32_t>(text.data() + text.size() - kHalf);
+    }
+    std::uint64_t word = 0;
+    for (const char byte : text) {
+        word = word << 8 | static_cast<unsigned char>(byte);
+    }
+    return word;
+}
+
+/// The told hash goes byte by byte, and gives many names that differ in digits the same number ("17" and
+/// "22"). This one takes eight characters at a time, the last of them perhaps twice.
 std::uint32_t mark_of(std::string_view key) {
     constexpr std::uint64_t kMultiplier = 0x9E3779B97F4A7C15;
+    constexpr std::size_t kWord = sizeof(std::uint64_t);
     std::uint64_t mixed = key.size();
-    std::uint64_t word = 0;
-    for (; key.size() >= sizeof word; key.remove_prefix(sizeof word)) {
-        std::memcpy(&word, key.data(), sizeof word);
+    const auto mix = [&mixed](std::uint64_t word) {
         mixed = (mixed ^ word) * kMultiplier;
         mixed ^= mixed >> 32;
+    };
+    if (key.size() < kWord) {
+        mix(short_word(key));
+        return static_cast<std::uint32_t>(mixed);
     }
-    for (const char byte : key) {
-        mixed = (mixed ^ static_cast<unsigned char>(byte)) * kMultiplier;
+    const std::size_t last = key.size() - kWord;
+    for (std::size_t at = 0; at < last; at += kWord) {
+        mix(word_at<std::uint64_t>(key.data() + at));
     }
-    return static_cast<std::uint32_t>(mixed >> 32);
+    mix(word_at<std::uint64_t>(key.data() + last));
+    return static_cast<std::uint32_t>(mixed);
 }
 
 } // namespace
@@ -52,37 +78,54 @@ std::size_t ConstraintIndex::prime_at_or_above(std::size_t hint) {
 }
 
 ConstraintIndex::ConstraintIndex(std::size_t requested_buckets)
-    : heads_(prime_at_or_above(requested_buckets), kNone) {}
+    : bucket_count_(prime_at_or_above(requested_buckets)), first_bucket_count_(bucket_count_) {}
 
-std::uint32_t ConstraintIndex::find(std::string_view key, std::uint64_t hash, std::uint32_t mark) const {
-    std::uint32_t at = heads_[hash % heads_.size()];
-    while (at != kNone && (keys_[at].hash != hash || keys_[at].mark != mark || text_of(keys_[at]) != key)) {
-        at = keys_[at].next;
+std::size_t ConstraintIndex::slot_of(std::string_view key, std::uint32_t mark) const {
+    const std::size_t mask = slots_.size() - 1;
+    for (std::size_t at = mark & mask;; at = (at + 1) & mask) {
+        const Slot& slot = slots_[at];
+        if (slot.key == kNone || (slot.mark == mark && text_of(keys_[slot.key]) == key)) {
+            return at;
+        }
     }
-    return at;
 }
 
 ConstraintIndex::Places ConstraintIndex::equal_range(std::string_view key) const {
-    const std::uint32_t at = find(key, constraintHash{}(key), mark_of(key));
+    const std::uint32_t at = slots_[slot_of(key, mark_of(key))].key;
     return at == kNone ? Places() : Places(keys_[at], nodes_.data());
 }
 
-std::uint32_t ConstraintIndex::add_key(std::string_view key, std::uint64_t hash, std::uint32_t mark,
+std::uint32_t ConstraintIndex::add_key(std::string_view key, Slot& slot, std::uint32_t mark,
                                        x_constraints first) {
-    if (key.size() >= kNone - texts_.size()) {
+    if (key.size() >= kNone - texts_.size() || keys_.size() >= kNone / 2) {
         return kNone;
     }
-    std::uint32_t& head = heads_[hash % heads_.size()];
+    const auto number = static_cast<std::uint32_t>(keys_.size());
+    slot = {mark, number};
     Key& added = keys_.emplace_back();
-    added.hash = hash;
-    added.mark = mark;
     added.text = static_cast<std::uint32_t>(texts_.size());
     added.size = static_cast<std::uint32_t>(key.size());
-    added.next = head;
     added.ends[0] = first;
-    texts_.insert(texts_.end(), key.begin(), key.end());
+    texts_ += key;
     ++size_;
-    return head = static_cast<std::uint32_t>(keys_.size() - 1);
+    if (2 * keys_.size() > slots_.size()) {
+        grow_slots();
+    }
+    return number;
+}
+
+void ConstraintIndex::grow_slots() {
+    const std::vector<Slot> old = std::exchange(slots_, std::vector<Slot>(kSlotGrowth * slots_.size()));
+    const std::size_t mask = slots_.size() - 1;
+    for (const Slot& slot : old) {
+        if (slot.key != kNone) {
+            std::size_t at = slot.mark & mask;
+            while (slots_[at].key != kNone) {
+                at = (at + 1) & mask;
+            }
+            slots_[at] = slot;
+        }
+    }
 }
 
 std::vector<x_constraints> ConstraintIndex::places_in_order(const Key& key) const {
@@ -107,34 +150,63 @@ ConstraintIndex::KeyId ConstraintIndex::insert(std::string_view key, x_constrain
         return kNoKey;
     }
     resize(size() + 1);
-    const std::uint64_t hash = constraintHash{}(key);
     const std::uint32_t mark = mark_of(key);
-    const std::uint32_t at = find(key, hash, mark);
-    if (at == kNone) {
-        return KeyId{add_key(key, hash, mark, value)};
+    Slot& slot = slots_[slot_of(key, mark)];
+    if (slot.key == kNone) {
+        return KeyId{add_key(key, slot, mark, value)};
     }
-    add_behind_first(keys_[at], value);
-    return KeyId{at};
+    add_behind_first(keys_[slot.key], value);
+    return KeyId{slot.key};
 }
 
-void ConstraintIndex::rehash(std::size_t buckets) {
-    if (buckets <= bucket_count()) {
+void ConstraintIndex::grow(std::size_t buckets) {
+    if (buckets <= bucket_count_) {
         return; // the list of primes is at its end
     }
-    const std::vector<std::uint32_t> old = std::exchange(heads_, std::vector<std::uint32_t>(buckets, kNone));
-    for (std::uint32_t at : old) {
-        while (at != kNone) {
-            Key& key = keys_[at];
-            std::uint32_t& head = heads_[key.hash % buckets];
-            const std::uint32_t next = std::exchange(key.next, head);
-            head = std::exchange(at, next);
-        }
-    }
+    bucket_count_ = buckets;
+    growths_.push_back({keys_.size(), buckets});
     front_ = 1 - front_;
 }
 
+std::vector<std::uint32_t> ConstraintIndex::keys_in_order() const {
+    std::vector<std::uint64_t> hashes;
+    hashes.reserve(keys_.size());
+    for (const Key& key : keys_) {
+        hashes.push_back(constraintHash{}(text_of(key)));
+    }
+    std::vector<std::uint32_t> heads(first_bucket_count_, kNone);
+    std::vector<std::uint32_t> next(keys_.size(), kNone);
+    const auto put_at_head = [&](std::uint32_t key) {
+        next[key] = std::exchange(heads[hashes[key] % heads.size()], key);
+    };
+    std::uint32_t key = 0;
+    for (const Growth& growth : growths_) {
+        while (key < growth.keys) {
+            put_at_head(key++);
+        }
+        for (std::uint32_t at : std::exchange(heads, std::vector<std::uint32_t>(growth.buckets, kNone))) {
+            while (at != kNone) {
+                put_at_head(std::exchange(at, next[at]));
+            }
+        }
+    }
+    while (key < keys_.size()) {
+        put_at_head(key++);
+    }
+    std::vector<std::uint32_t> order;
+    order.reserve(keys_.size());
+    for (const std::uint32_t head : heads) {
+        for (std::uint32_t at = head; at != kNone; at = next[at]) {
+            order.push_back(at);
+        }
+    }
+    return order;
+}
+
 void ConstraintIndex::clear() {
-    std::fill(heads_.begin(), heads_.end(), kNone);
+    std::fill(slots_.begin(), slots_.end(), Slot());
+    first_bucket_count_ = bucket_count_;
+    growths_.clear();
     keys_.clear();
     nodes_.clear();
     texts_.clear();
@@ -147,8 +219,8 @@ void ConstraintIndex::trim() {
 }
 
 std::size_t ConstraintIndex::memory_bytes() const {
-    return heads_.capacity() * sizeof(std::uint32_t) + keys_.capacity() * sizeof(Key) +
-           nodes_.capacity() * sizeof(Node) + texts_.capacity();
+    return slots_.capacity() * sizeof(Slot) + keys_.capacity() * sizeof(Key) +
+           nodes_.capacity() * sizeof(Node) + growths_.capacity() * sizeof(Growth) + texts_.capacity();
 }
 
 ConstraintIndex::const_iterator ConstraintIndex::begin() const {
@@ -159,27 +231,24 @@ ConstraintIndex::const_iterator ConstraintIndex::end() const {
     return {};
 }
 
-void ConstraintIndex::const_iterator::enter_bucket(std::size_t bucket) {
-    const auto& heads = index_->heads_;
-    const auto used = std::find_if(heads.begin() + static_cast<std::ptrdiff_t>(bucket), heads.end(),
-                                   [](std::uint32_t key) { return key != kNone; });
-    bucket_ = static_cast<std::size_t>(used - heads.begin());
-    enter_key(used == heads.end() ? kNone : *used);
+ConstraintIndex::const_iterator::const_iterator(const ConstraintIndex& index)
+    : index_(&index), keys_(std::make_shared<const std::vector<std::uint32_t>>(index.keys_in_order())) {
+    enter_key(0);
 }
 
-void ConstraintIndex::const_iterator::enter_key(std::uint32_t key) {
-    key_ = key;
+void ConstraintIndex::const_iterator::enter_key(std::size_t at) {
     place_ = 0;
-    places_ = key == kNone ? std::vector<x_constraints>() : index_->places_in_order(index_->keys_[key]);
+    if (at >= keys_->size()) {
+        at_ = kEnd;
+        return;
+    }
+    at_ = at;
+    places_ = index_->places_in_order(index_->keys_[(*keys_)[at]]);
 }
 
 ConstraintIndex::const_iterator& ConstraintIndex::const_iterator::operator++() {
     if (++place_ == places_.size()) {
-        if (const std::uint32_t next = index_->keys_[key_].next; next != kNone) {
-            enter_key(next);
-        } else {
-            enter_bucket(bucket_ + 1);
-        }
+        enter_key(at_ + 1);
     }
     return *this;
 }

@@ -15,6 +15,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <iterator>
+#include <memory>
 #include <span>
 #include <string>
 #include <string_view>
@@ -30,6 +31,18 @@ struct x_constraints {
 
     friend bool operator==(const x_constraints&, const x_constraints&) = default;
 };
+
+/// A place in one number: the group in its lowest 16 bits, then the option, then the choice. What was written
+/// in narrow parts and is read as a whole at once stalls the processor, so that places on their way into the
+/// index in thousands travel like this.
+using PackedPlace = std::uint64_t;
+constexpr PackedPlace packed(std::uint64_t group, std::uint64_t option, std::uint64_t choice) {
+    return (group & 0xFFFF) | (option & 0xFFFF) << 16 | (choice & 0xFFFF) << 32;
+}
+constexpr x_constraints unpacked(PackedPlace place) {
+    return {static_cast<std::uint16_t>(place), static_cast<std::uint16_t>(place >> 16),
+            static_cast<std::uint16_t>(place >> 32)};
+}
 
 /// The hash of a key: h = 5 h + byte over its bytes up to the first NUL, taken as signed, in 64 bits that
 /// wrap. It decides the order in which a cache file is written, so it is the same on every machine.
@@ -62,14 +75,18 @@ class ChoiceKey {
     std::string_view text_;
 };
 
-/// The multimap. Entries are held in buckets (hash modulo a prime), each a chain: a new key goes to the head
-/// of its bucket, a further entry of a key behind the first entry of that key. Before an insertion the
-/// buckets grow to the first prime of the list that is not below size + 1; the old buckets are then walked
-/// upward and each chain from its head, every entry going to the head of its new bucket. So the order of
-/// iteration, bucket by bucket, depends on the insertions alone.
+/// The multimap. Its order is that of entries held in buckets (hash modulo a prime), each a chain: a new key
+/// goes to the head of its bucket, a further entry of a key behind the first entry of that key. Before an
+/// insertion the buckets grow to the first prime of the list that is not below size + 1; the old buckets are
+/// then walked upward and each chain from its head, every entry going to the head of its new bucket. So the
+/// order of iteration, bucket by bucket, depends on the insertions alone.
 ///
-/// Keys are stored once, and all links are 32 bits wide: at most 4,294,967,294 entries and as many bytes of
-/// key text; insertions beyond are dropped.
+/// Nobody but a writer of cache files asks for that order, while every question looks for a key: so the
+/// chains are not kept. Keys are found by a hash of our own, which is quicker to compute and tells more names
+/// apart; begin() makes the chains from the insertions' history.
+///
+/// Keys are stored once, and all links are 32 bits wide: at most 4,294,967,294 entries, half as many keys and
+/// as many bytes of key text; insertions beyond are dropped.
 class ConstraintIndex {
     struct Key;
     struct Node;
@@ -91,7 +108,7 @@ class ConstraintIndex {
         friend bool operator==(const Entry&, const Entry&) = default;
     };
 
-    /// Bucket by bucket, each chain from its head.
+    /// Bucket by bucket, each chain from its head. begin() takes time and memory for every key and bucket.
     class const_iterator;
     const_iterator begin() const;
     const_iterator end() const;
@@ -115,12 +132,12 @@ class ConstraintIndex {
     bool empty() const { return size_ == 0; }
     /// Number of different keys.
     std::size_t key_count() const { return keys_.size(); }
-    std::size_t bucket_count() const { return heads_.size(); }
+    std::size_t bucket_count() const { return bucket_count_; }
 
     /// Makes room for that many entries: grows, as told above, when it exceeds the bucket count.
     void resize(std::size_t entries) {
-        if (entries > bucket_count()) {
-            rehash(prime_at_or_above(entries));
+        if (entries > bucket_count_) {
+            grow(prime_at_or_above(entries));
         }
     }
     /// Sets memory aside for that many entries; the buckets stay as they are.
@@ -145,14 +162,21 @@ class ConstraintIndex {
     // between the ends as two stacks. In reading order from end `front_`: that end, its stack from the top,
     // the other stack from the bottom, the other end.
     struct Key {
-        std::uint64_t hash;
         std::uint32_t text;                                ///< offset in texts_
         std::uint32_t size;                                ///< of the text
-        std::uint32_t next;                                ///< key in the same bucket
         std::array<std::uint32_t, 2> stacks{kNone, kNone}; ///< top node of each
         std::array<x_constraints, 2> ends{};
-        std::uint32_t mark = 0; ///< tells apart most keys of one hash
-        bool single = true;     ///< one entry only, in ends[0]
+        bool single = true; ///< one entry only, in ends[0]
+    };
+    /// Where a key is found: at its mark, or behind it in the next free slot.
+    struct Slot {
+        std::uint32_t mark = 0; ///< tells most keys apart without a look at their texts
+        std::uint32_t key = kNone;
+    };
+    /// The buckets grew to that many when there were that many keys.
+    struct Growth {
+        std::size_t keys;
+        std::size_t buckets;
     };
     struct Node {
         x_constraints value;
@@ -161,8 +185,13 @@ class ConstraintIndex {
 
     std::string_view text_of(const Key& key) const { return {texts_.data() + key.text, key.size}; }
     std::vector<x_constraints> places_in_order(const Key& key) const;
-    std::uint32_t find(std::string_view key, std::uint64_t hash, std::uint32_t mark) const;
-    std::uint32_t add_key(std::string_view key, std::uint64_t hash, std::uint32_t mark, x_constraints first);
+    /// Key numbers, bucket by bucket, each chain from its head.
+    std::vector<std::uint32_t> keys_in_order() const;
+    /// The slot that holds the key, or the free one where it belongs.
+    std::size_t slot_of(std::string_view key, std::uint32_t mark) const;
+    std::uint32_t add_key(std::string_view key, Slot& slot, std::uint32_t mark, x_constraints first);
+    static constexpr std::size_t kSlotGrowth = 4;
+    void grow_slots();
     void add_behind_first(Key& key, x_constraints value) {
         ++size_;
         if (key.single) {
@@ -175,13 +204,17 @@ class ConstraintIndex {
         nodes_.push_back({value, top});
         top = static_cast<std::uint32_t>(nodes_.size() - 1);
     }
-    void rehash(std::size_t buckets);
+    void grow(std::size_t buckets);
 
-    std::vector<std::uint32_t> heads_; ///< key at the head of each bucket
-    std::vector<Key> keys_;
-    std::vector<Node> nodes_; ///< the entries between the ends
-    std::vector<char> texts_;
+    static constexpr std::size_t kFirstSlots = 2048;
+    std::vector<Slot> slots_ = std::vector<Slot>(kFirstSlots); ///< a power of two, at most half used
+    std::vector<Key> keys_;                                    ///< in the order of their insertion
+    std::vector<Node> nodes_;                                  ///< the entries between the ends
+    std::string texts_;
     std::size_t size_ = 0;
+    std::size_t bucket_count_;
+    std::size_t first_bucket_count_; ///< before growths_
+    std::vector<Growth> growths_;
     std::size_t front_ = 0; ///< the end from which all keys are read now
 };
 
@@ -254,7 +287,7 @@ class ConstraintIndex::const_iterator {
     using reference = Entry;
 
     const_iterator() = default;
-    Entry operator*() const { return {index_->text_of(index_->keys_[key_]), places_[place_]}; }
+    Entry operator*() const { return {index_->text_of(index_->keys_[(*keys_)[at_]]), places_[place_]}; }
     const_iterator& operator++();
     const_iterator operator++(int) {
         const_iterator before = *this;
@@ -262,19 +295,19 @@ class ConstraintIndex::const_iterator {
         return before;
     }
     friend bool operator==(const const_iterator& left, const const_iterator& right) {
-        return left.key_ == right.key_ && left.place_ == right.place_;
+        return left.at_ == right.at_ && left.place_ == right.place_;
     }
 
   private:
     friend class ConstraintIndex;
-    explicit const_iterator(const ConstraintIndex& index) : index_(&index) { enter_bucket(0); }
-    void enter_bucket(std::size_t bucket);
-    void enter_key(std::uint32_t key);
+    explicit const_iterator(const ConstraintIndex& index);
+    void enter_key(std::size_t at);
 
+    static constexpr std::size_t kEnd = static_cast<std::size_t>(-1);
     const ConstraintIndex* index_ = nullptr;
-    std::size_t bucket_ = 0;
-    std::uint32_t key_ = kNone;         ///< kNone at the end
-    std::vector<x_constraints> places_; ///< of the key, in order
+    std::shared_ptr<const std::vector<std::uint32_t>> keys_; ///< in order
+    std::size_t at_ = kEnd;                                  ///< in keys_
+    std::vector<x_constraints> places_;                      ///< of the key, in order
     std::size_t place_ = 0;
 };
 

@@ -118,6 +118,8 @@ class SPSummaryScrollViewCtrl : public BaseControlEMFSpecialPages,
     void deleteCurrentSelectedItem();
     void upSelectedItems();
     void downSelectedItems();
+    /// The list holds these records with their marks, and these rows are selected; the marks of selected rows
+    /// are theirs whatever the records say. Nothing for a null argument.
     void undoRequest(const RecordList* records, const RowSet* currentSelectedItemIndexSet);
     void markSelectedRecord();
     void selectMarkedRecord();

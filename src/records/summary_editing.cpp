@@ -57,6 +57,11 @@ void SPSummaryScrollViewCtrl::undoRequest(const RecordList* records,
     if (platform::TableView* view = table()) {
         view->selectRowIndexes(*currentSelectedItemIndexSet, platform::ExtendingSelection::no);
     }
+    if (selectedItemCount() == 0) {
+        // Marks follow a selection. Without one they are what the last selection left, which the refresh
+        // after an edit has cleared.
+        m_dataRecords = *records;
+    }
 }
 
 void SPSummaryScrollViewCtrl::markSelectedRecord() {

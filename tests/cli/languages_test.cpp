@@ -34,7 +34,9 @@ class LanguageOfCommands : public ::testing::TestWithParam<std::string> {
         EXPECT_EQ(ran.exit, 0) << ran.err;
         return ran.out;
     }
-    static std::string golden(const std::string& name) { return "cli/golden/" + name + "-" + GetParam() + ".txt"; }
+    static std::string golden(const std::string& name) {
+        return "cli/golden/" + name + "-" + GetParam() + ".txt";
+    }
 
     TemporaryFolder folder_;
     ScopedVariable configuration_{"XDG_CONFIG_HOME", folder_.path().c_str()};
@@ -54,13 +56,14 @@ std::string own_lines(const std::string& menu) {
 }
 
 TEST_P(LanguageOfCommands, MenusAreWorded) {
-    const std::string menu =
-        written({"menus", "--window", "covers", "--select", "size=A4,color=Blue,type=ThickPaper"}, GetParam());
+    const std::string menu = written(
+        {"menus", "--window", "covers", "--select", "size=A4,color=Blue,type=ThickPaper"}, GetParam());
     expect_picture(own_lines(menu), golden("menus-covers"));
 }
 
 TEST_P(LanguageOfCommands, ShowIsWorded) {
-    expect_picture(written({"show", kExamples + "settings/handbook.json"}, GetParam()), golden("show-handbook"));
+    expect_picture(written({"show", kExamples + "settings/handbook.json"}, GetParam()),
+                   golden("show-handbook"));
 }
 
 TEST_P(LanguageOfCommands, ApplyWritesTheSameJobInEveryLanguage) {
@@ -94,7 +97,8 @@ TEST_P(UnknownLanguage, IsEnglish) {
     EXPECT_EQ(written(menus, GetParam()), written(menus, "en"));
 }
 
-INSTANTIATE_TEST_SUITE_P(FallsBack, UnknownLanguage, ::testing::Values("xx", "pt_BR.UTF-8", "C", "../de", ""));
+INSTANTIATE_TEST_SUITE_P(FallsBack, UnknownLanguage,
+                         ::testing::Values("xx", "pt_BR.UTF-8", "C", "../de", ""));
 
 TEST(LanguageOption, ShowTakesALanguageOnlyWithAPpd) {
     const Ran ran = run({"show", "--lang", "de", kExamples + "settings/handbook.json"});

@@ -1,9 +1,9 @@
 #include "controls/BasePrintPanelEMFSpecialPages.h"
-#include "controls/SpecialPagesHub.h"
 #include "controls/control_fixtures.h"
 #include "platform/toolkit/Window.h"
 #include "ppd/constraint_index.h"
 #include "ppd/ppd_builder.h"
+#include "testing/EmptyHub.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -342,31 +342,6 @@ TEST(PanelSettings, PlainAnswersOfAFreshPanel) {
     EXPECT_EQ(panel.window(), &window);
 }
 
-/// A hub without anything behind its roads.
-class EmptyHub : public SpecialPagesHub {
-  public:
-    platform::View* getSpecialPagesViewPtr() override { return nullptr; }
-    platform::View* getSpecialPagesView() override { return nullptr; }
-    PopupWinInPanelEMFSpecialPages* getSPAddCoversWndPtr() override { return nullptr; }
-    PopupWinInPanelEMFSpecialPages* getSPAddInsertWndPtr() override { return nullptr; }
-    PopupWinInPanelEMFSpecialPages* getSPAddExceptionsWndPtr() override { return nullptr; }
-    PopupWinInPanelEMFSpecialPages* getTabStockWndPtr() override { return nullptr; }
-    PopupWinInPanelEMFSpecialPages* getTabStockSubWndPtr() override { return nullptr; }
-    PopupWinInPanelEMFSpecialPages* getCustomSizeWndPtr() override { return nullptr; }
-    PopupWinInPanelEMFSpecialPages* getAdvSeleWndPtr() override { return nullptr; }
-    SPSummaryScrollViewCtrl* getSPSummaryScrollViewCtrlPtr() override { return nullptr; }
-    SPUndoButCtrlEMF* getSPUndoButtonPtr() override { return nullptr; }
-    RecordDialog* recordDialog(std::int32_t) override { return nullptr; }
-    std::int32_t getTabStockValue() const override { return 0; }
-    void setTabStockValue(std::int32_t) override {}
-    std::int32_t getTabMarginListValue() const override { return 0; }
-    void setTabMarginListValue(std::int32_t) override {}
-    std::int32_t getTabMarginValue() const override { return 0; }
-    void setTabMarginValue(std::int32_t) override {}
-    void toMakeChange() override {}
-    bool sureToMakeChange(std::int32_t) override { return false; }
-};
-
 class HubPanel : public TestPanel {
   public:
     explicit HubPanel(SpecialPagesHub& hub) : hub_(hub) {}
@@ -377,7 +352,7 @@ class HubPanel : public TestPanel {
 };
 
 TEST(PanelSettings, TheHubIsThatOfTheOutermostPanel) {
-    EmptyHub hub;
+    test::EmptyHub hub;
     HubPanel panel(hub);
     TestPanel window;
     TestPanel inner;

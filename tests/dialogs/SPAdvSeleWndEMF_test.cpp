@@ -445,6 +445,7 @@ TEST_F(AdvancedPaper, LooksAsKept) {
     open();
     fromFrontCover(
         [&](Window& covers) {
+            face.then([](Window& tabs) { EXPECT_TRUE(tabs.performCancel()); });
             EXPECT_TRUE(pickPart(covers, spCoversWndFrontCoverPageListID, kType, "TabbedPaper1"));
         },
         [&](Window& window) {

@@ -1,6 +1,7 @@
 #include "controls/control_fixtures.h"
 #include "dialogs/SPWarningWndEMF.h"
 #include "platform/toolkit/Application.h"
+#include "platform/toolkit/IconView.h"
 #include "platform/toolkit/TextField.h"
 #include "platform/toolkit/Window.h"
 #include "testing/ScriptedFace.h"
@@ -17,15 +18,17 @@ using platform::ViewKind;
 using platform::Window;
 using test::LocalizedBundle;
 using test::NumberView;
+using test::PluginBundle;
 using test::TestPanel;
 
 class WarningWindow : public testing::Test {
   protected:
     WarningWindow() {
+        icon_->setTag(spWarningWndIconID);
         title_->setTag(spWarningWndTitleID);
         message_->setTag(spWarningWndMessageID);
         for (const std::shared_ptr<platform::View>& view :
-             std::initializer_list<std::shared_ptr<platform::View>>{title_, message_, ok_, cancel_}) {
+             std::initializer_list<std::shared_ptr<platform::View>>{icon_, title_, message_, ok_, cancel_}) {
             window_.addSubview(view);
         }
         window_.setCancelButton(cancel_.get());
@@ -42,6 +45,7 @@ class WarningWindow : public testing::Test {
                             {"Delete All Special Pages", "Delete all pages?"},
                             {"SP Warning OK Btn", "OK"},
                             {"SP Warning Cancel Btn", "Cancel"}};
+    std::shared_ptr<platform::IconView> icon_ = std::make_shared<platform::IconView>();
     std::shared_ptr<TextField> title_ = std::make_shared<TextField>(ViewKind::staticText);
     std::shared_ptr<TextField> message_ = std::make_shared<TextField>(ViewKind::staticText);
     std::shared_ptr<NumberView> ok_ = std::make_shared<NumberView>(spWarningWndOKButID);
@@ -53,12 +57,44 @@ class WarningWindow : public testing::Test {
 
 TEST_F(WarningWindow, ShowsItsTextsAndLeavesTheTitleBarEmpty) {
     build();
-    EXPECT_EQ(warning_.controlCount(), 4);
+    EXPECT_EQ(warning_.controlCount(), 5);
     EXPECT_EQ(window_.title(), "");
     EXPECT_EQ(title_->stringValue(), "Delete special pages");
     EXPECT_EQ(message_->stringValue(), "Delete the selected pages?");
     EXPECT_EQ(ok_->title(), "OK");
     EXPECT_EQ(cancel_->title(), "Cancel");
+}
+
+TEST_F(WarningWindow, ShowsTheWarningSignOfThePanesBundle) {
+    LocalizedBundle own;
+    const PluginBundle plugin(own.shared());
+    warning_.CreatePanel(&window_, nullptr);
+    EXPECT_TRUE(icon_->image().empty()) << "nothing is drawn before the window is initialized";
+    warning_.InitializeUserPane(bundle_.get(), nullptr);
+    EXPECT_EQ(icon_->image(), own.get()->CFBundleCopyBundleURL() / "Warning.bmp");
+    warning_.setWarningStrWindow(1);
+    EXPECT_EQ(icon_->image(), own.get()->CFBundleCopyBundleURL() / "Warning.bmp");
+}
+
+TEST_F(WarningWindow, RegistersItsControlsAsTheTagsAscend) {
+    build();
+    std::vector<ControlTag> tags;
+    for (const auto* control : warning_.getCtrlGroupArrayRef()) {
+        tags.push_back(control->GetControlPtr()->tag());
+    }
+    EXPECT_EQ(tags, (std::vector<ControlTag>{801, 802, 803, 804, 805}));
+}
+
+TEST_F(WarningWindow, DoesWithoutItsSign) {
+    icon_->setTag(0);
+    build();
+    EXPECT_EQ(warning_.controlCount(), 4);
+    EXPECT_EQ(message_->stringValue(), "Delete the selected pages?");
+    const auto other = std::make_shared<NumberView>(spWarningWndIconID);
+    window_.addSubview(other);
+    SPWarningWndEMF again;
+    again.CreatePanel(&window_, nullptr);
+    EXPECT_EQ(again.controlCount(), 4) << "a view of another kind is no sign";
 }
 
 TEST_F(WarningWindow, TheTitleBarStaysEmptyWhateverKeyIsGiven) {
@@ -94,7 +130,7 @@ TEST_F(WarningWindow, AQuestionWithoutABundleOrAMessageControlChangesNothing) {
     EXPECT_EQ(message_->stringValue(), "of the nib");
     message_->setTag(0);
     build();
-    EXPECT_EQ(warning_.controlCount(), 3);
+    EXPECT_EQ(warning_.controlCount(), 4);
     warning_.setWarningStrWindow(1);
     EXPECT_EQ(message_->stringValue(), "of the nib");
 }
@@ -138,6 +174,20 @@ TEST_F(WarningWindow, EscapeIsTheCancelButton) {
     face.then([](Window& window) { EXPECT_TRUE(window.performCancel()); });
     warning_.ActivateWindow();
     EXPECT_EQ(warning_.getWarningWndExitStatus(), 1);
+}
+
+TEST_F(WarningWindow, EscapeCancelsAfterEachEarlierAnswer) {
+    build();
+    ScriptedFace face;
+    face.then([&](Window&) { ok_->click(); });
+    warning_.ActivateWindow();
+    ASSERT_EQ(warning_.getWarningWndExitStatus(), 0);
+    for (int showing = 0; showing < 3; ++showing) {
+        face.then([](Window& window) { EXPECT_TRUE(window.performCancel()); });
+        warning_.ActivateWindow();
+        EXPECT_EQ(warning_.getWarningWndExitStatus(), 1) << showing;
+        EXPECT_FALSE(window_.isOpen());
+    }
 }
 
 TEST_F(WarningWindow, ClosedByOtherMeansItReportsItsLastAnswer) {

@@ -132,7 +132,9 @@ TEST_P(LanguageOfThePane, NoWindowShowsAnEnglishText) {
     }
     std::map<std::string, Texts> windows;
     const auto keep = [&windows](const char* name) {
-        return [&windows, name](Window& shown) { windows[name] = texts_of(shown); };
+        return [&windows, name](Window& shown) {
+            windows[name] = texts_of(shown);
+        };
     };
     open({cover_front(), insert_after(7, 12)});
     windows["pane"] = texts_of(panelView());
@@ -148,7 +150,8 @@ TEST_P(LanguageOfThePane, NoWindowShowsAnEnglishText) {
     for (const auto& [name, texts] : windows) {
         EXPECT_GT(texts.size(), 5U) << name;
         for (const std::string& text : texts) {
-            EXPECT_FALSE(english.contains(text) && !own.contains(text)) << GetParam() << ", " << name << ": " << text;
+            EXPECT_FALSE(english.contains(text) && !own.contains(text))
+                << GetParam() << ", " << name << ": " << text;
             EXPECT_NE(text, "no translation") << name;
             EXPECT_NE(text, "not found") << name;
         }

@@ -4,7 +4,6 @@
 
 #include "controls/BasePrintPanelEMFSpecialPages.h"
 #include "controls/PopupWinInPanelEMFSpecialPages.h"
-#include "controls/SpecialPagesHub.h"
 #include "controls/control_fixtures.h"
 #include "paper/SPSelectPaperListCtrlEMF.h"
 #include "paper/paper_ppd.h"
@@ -16,6 +15,7 @@
 #include "records/record_builder.h"
 #include "records/record_tables.h"
 #include "records/summary_tables.h"
+#include "testing/EmptyHub.h"
 #include "testing/paths.h"
 
 #include <gtest/gtest.h>
@@ -78,31 +78,14 @@ class GivenAdvancedWindow : public PopupWinInPanelEMFSpecialPages, public Advanc
 };
 
 /// The pane. Its controls hang in it directly, as those of a dialog hang in their window.
-class PaperPane : public BasePrintPanelEMFSpecialPages, public SpecialPagesHub {
+class PaperPane : public BasePrintPanelEMFSpecialPages, public EmptyHub {
   public:
     using Window = PopupWinInPanelEMFSpecialPages;
     PaperPane() { CreatePanel(nullptr); }
     SpecialPagesHub* hub() override { return haveHub ? this : nullptr; }
-    platform::View* getSpecialPagesViewPtr() override { return nullptr; }
-    platform::View* getSpecialPagesView() override { return nullptr; }
-    Window* getSPAddCoversWndPtr() override { return nullptr; }
-    Window* getSPAddInsertWndPtr() override { return nullptr; }
-    Window* getSPAddExceptionsWndPtr() override { return nullptr; }
-    Window* getTabStockWndPtr() override { return nullptr; }
-    Window* getTabStockSubWndPtr() override { return nullptr; }
     Window* getCustomSizeWndPtr() override { return customSize; }
     Window* getAdvSeleWndPtr() override { return advanced; }
     SPSummaryScrollViewCtrl* getSPSummaryScrollViewCtrlPtr() override { return list; }
-    SPUndoButCtrlEMF* getSPUndoButtonPtr() override { return nullptr; }
-    RecordDialog* recordDialog(std::int32_t) override { return nullptr; }
-    std::int32_t getTabStockValue() const override { return 0; }
-    void setTabStockValue(std::int32_t) override {}
-    std::int32_t getTabMarginListValue() const override { return 0; }
-    void setTabMarginListValue(std::int32_t) override {}
-    std::int32_t getTabMarginValue() const override { return 0; }
-    void setTabMarginValue(std::int32_t) override {}
-    void toMakeChange() override {}
-    bool sureToMakeChange(std::int32_t) override { return false; }
     std::int32_t UpdateConflictsPanelControlFromPPD(ppd_file_s* ppd) override {
         ++rechecks;
         return BasePrintPanelEMFSpecialPages::UpdateConflictsPanelControlFromPPD(ppd);

@@ -112,7 +112,8 @@ const HelpPage& page(const std::string& language, const std::string& name) {
 TEST(HelpPages, EveryHelpButtonHasItsPageInEveryLanguage) {
     for (const std::string& language : kLanguages) {
         const Speaking speaking(language);
-        for (const char* window : {"Main", "Cover", "Insert", "Exception", "Adv", "Custom", "NumInSequence"}) {
+        for (const char* window :
+             {"Main", "Cover", "Insert", "Exception", "Adv", "Custom", "NumInSequence"}) {
             const std::string name = std::string("SpecialPages") + window + "_Default01";
             EXPECT_EQ(built_bundle()->CFBundleCopyResourceURL(name, "htm", "Help"),
                       help_folder(language) / (name + ".htm"));
@@ -139,9 +140,9 @@ TEST(HelpPages, SayTheirLanguageEncodingAndTitle) {
 }
 
 TEST(HelpPages, UseTheElementsThatEveryViewerKnows) {
-    const std::set<std::string> known{"html", "head", "meta", "title", "link",   "body", "h1", "h2", "p", "table",
-                                      "tr",   "th",   "td",   "ul",    "li",     "a",    "b",  "i",  "strong",
-                                      "code", "nav"};
+    const std::set<std::string> known{"html", "head", "meta",  "title", "link",   "body", "h1",
+                                      "h2",   "p",    "table", "tr",    "th",     "td",   "ul",
+                                      "li",   "a",    "b",     "i",     "strong", "code", "nav"};
     for (const HelpPage& each : pages()) {
         each_element(each.document, [&](const pugi::xml_node& element) {
             EXPECT_THAT(known, Contains(element.name())) << each.place();

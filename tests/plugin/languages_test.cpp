@@ -209,8 +209,8 @@ std::size_t column_limit(const Translated& each) {
         return std::ranges::any_of(endings,
                                    [&each](std::string_view ending) { return each.key.ends_with(ending); });
     };
-    const std::size_t least = isOne({"Windows", "Wnd", "PDE Title"})               ? kTitle
-                              : isOne({"Tool Tip"})                               ? kToolTip
+    const std::size_t least = isOne({"Windows", "Wnd", "PDE Title"}) ? kTitle
+                              : isOne({"Tool Tip"})                  ? kToolTip
                               : isOne({"Add Covers Btn", "Add Inserts Btn", "Add Exceptions Btn"})
                                   ? kAddButton
                                   : kShort;
@@ -268,13 +268,15 @@ std::string title_in(const std::string& language) {
 }
 
 TEST(Languages, AnUnknownOneIsEnglish) {
-    for (const char* unknown : {"", "xx", "pt", "pt_BR.UTF-8", "C", "C.UTF-8", "POSIX", "deu", "../de", "日本"}) {
+    for (const char* unknown :
+         {"", "xx", "pt", "pt_BR.UTF-8", "C", "C.UTF-8", "POSIX", "deu", "../de", "日本"}) {
         EXPECT_EQ(title_in(unknown), "Special Pages") << unknown;
     }
 }
 
 TEST(Languages, ARegionEncodingOrCaseStillFindsTheLanguage) {
-    for (const char* german : {"de", "de_AT", "de-CH", "de_DE.UTF-8", "de.UTF-8", "de@euro", "DE", "de-Latn-DE"}) {
+    for (const char* german :
+         {"de", "de_AT", "de-CH", "de_DE.UTF-8", "de.UTF-8", "de@euro", "DE", "de-Latn-DE"}) {
         EXPECT_EQ(title_in(german), "Sonderseiten") << german;
     }
     EXPECT_EQ(title_in("fr_CA.UTF-8"), "Pages spéciales");

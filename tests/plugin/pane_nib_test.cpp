@@ -57,6 +57,7 @@ const std::vector<Outlet>& outlets() {
         {"spCustomSizeWindow", ViewKind::window, 0},
         {"SPAdvSeleWndRef", ViewKind::window, 0},
         {"WarningWindowRef", ViewKind::window, 0},
+        {"WarningWndIconImage", ViewKind::icon, 801},
     };
     return all;
 }
@@ -231,7 +232,7 @@ TEST(PaneTexts, EveryKeyOfThePaneIsInTheLocalisedTable) {
 }
 
 TEST(PaneTexts, EveryIconOfThePaneIsInTheBundle) {
-    for (const char* icon : {"AddCovers", "AddInserts", "AddExceptions"}) {
+    for (const char* icon : {"AddCovers", "AddInserts", "AddExceptions", "Warning"}) {
         EXPECT_TRUE(built_bundle()->CFBundleCopyResourceURL(icon, "bmp", "").has_value()) << icon;
     }
 }

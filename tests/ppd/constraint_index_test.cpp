@@ -126,9 +126,9 @@ TEST(ConstraintIndex, KeysOfOneHashStayApart) {
 }
 
 TEST(ConstraintIndex, KeysAreToldApartByTheirTextInTheEnd) {
-    // Equal in length, in the hash, and in the number by which the index tells keys of one hash apart.
-    const std::string_view one = "A5A5B0A5B0A5A5A5A5A5B0B0A5B0B0A5B0B0";
-    const std::string_view other = "A5A5A5A5A5A5A5B0B0A5A5A5A5A5B0A5B0B0";
+    // Equal in length, in the told hash, and in the number by which the index looks for keys.
+    const std::string_view one = "A5B0B0A5B0A5A5B0A5B0B0A5B0A5B0A5A5A5";
+    const std::string_view other = "B0A5A5A5B0A5B0A5B0B0B0A5A5A5B0B0A5A5";
     ASSERT_EQ(constraintHash{}(one), constraintHash{}(other));
     ConstraintIndex index;
     index.insert(one, {1, 1, 1});
@@ -136,6 +136,60 @@ TEST(ConstraintIndex, KeysAreToldApartByTheirTextInTheEnd) {
     index.insert(other, {2, 2, 2});
     EXPECT_EQ(index.key_count(), 2U);
     EXPECT_THAT(places_of(index, one), ElementsAre("1.1.1"));
+}
+
+TEST(ConstraintIndex, FindsKeysOfEveryLengthAmongThousands) {
+    ConstraintIndex index;
+    std::string key;
+    for (std::uint16_t i = 0; i < 3000; ++i) {
+        index.insert(key, {i, 0, 0});
+        key += static_cast<char>('a' + i % 23);
+        if (key.size() == 40) {
+            key = std::to_string(i);
+        }
+    }
+    key.clear();
+    for (std::uint16_t i = 0; i < 3000; ++i) {
+        ASSERT_THAT(places_of(index, key), testing::Contains(std::to_string(i) + ".0.0")) << key;
+        ASSERT_TRUE(index.equal_range(key + "\n").empty()) << key;
+        key += static_cast<char>('a' + i % 23);
+        if (key.size() == 40) {
+            key = std::to_string(i);
+        }
+    }
+    EXPECT_EQ(index.size(), 3000U);
+}
+
+TEST(ConstraintIndex, WalkingItTwiceGivesTheSameOrder) {
+    ConstraintIndex index(53);
+    for (std::uint16_t i = 0; i < 500; ++i) {
+        index.insert("Option" + std::to_string(i % 90) + ":x", {i, 0, 0});
+    }
+    const auto once = ordered_entries(index);
+    EXPECT_EQ(once.size(), 500U);
+    EXPECT_EQ(ordered_entries(index), once);
+}
+
+TEST(ConstraintIndex, AfterClearingItsOrderIsThatOfANewOneOfAsManyBuckets) {
+    ConstraintIndex used(53);
+    for (std::uint16_t i = 0; i < 150; ++i) {
+        used.insert("Other" + std::to_string(i), {i, 0, 0});
+    }
+    ASSERT_EQ(used.bucket_count(), 193U);
+    used.clear();
+    ConstraintIndex fresh(193);
+    for (std::uint16_t i = 0; i < 400; ++i) {
+        const std::string key = "Option" + std::to_string(i % 70) + ":x";
+        used.insert(key, {i, 0, 0});
+        fresh.insert(key, {i, 0, 0});
+    }
+    EXPECT_EQ(ordered_entries(used), ordered_entries(fresh));
+}
+
+TEST(PackedPlace, HoldsThreePositionsOf16BitsEach) {
+    static_assert(packed(1, 2, 3) == 0x0000'0003'0002'0001);
+    static_assert(unpacked(packed(65535, 0, 65534)) == x_constraints{65535, 0, 65534});
+    static_assert(unpacked(packed(65536, 65537, 131071)) == x_constraints{0, 1, 65535});
 }
 
 TEST(ConstraintIndex, KeysThatDifferBehindANulStayApart) {

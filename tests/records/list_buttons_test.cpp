@@ -159,6 +159,28 @@ TEST_F(ListButtons, UndoAfterDeleteAllBringsListAndSelectionBack) {
     EXPECT_FALSE(undoView.click()) << "a press cannot be undone";
 }
 
+TEST_F(ListButtons, UndoAfterAnEditBringsBackTheMarksThatASelectionLeftBehind) {
+    fill({insert_after(3), insert_after(4)});
+    table.userSelects({1});
+    table.deselectAll();
+    ASSERT_EQ(marked(), RowSet{1});
+    list.setSummaryScrollViewStatus(kSummaryEditing); // as a double click on no row does
+    removeAllView.click();
+    undoView.click();
+    EXPECT_EQ(stored(), (RecordList{insert_after(3), insert_after(4)}));
+    EXPECT_EQ(marked(), RowSet{1});
+    EXPECT_EQ(table.selectedRowIndexes(), RowSet{});
+}
+
+TEST_F(ListButtons, AfterUndoTheMarksAreThoseOfTheSelectedRows) {
+    fill({insert_after(3), insert_after(4)});
+    const RecordList backup{test::marked(insert_after(3)), insert_after(4)};
+    const RowSet second{1};
+    list.undoRequest(&backup, &second);
+    EXPECT_EQ(table.selectedRowIndexes(), second);
+    EXPECT_EQ(marked(), second);
+}
+
 TEST_F(ListButtons, OnlyTheLatestChangeCanBeUndone) {
     fill({insert_after(3, 1), insert_after(3, 2), insert_after(3, 3)});
     list.setSummaryScrollViewStatus(kSummaryAdding);

@@ -3,7 +3,6 @@
 #pragma once
 
 #include "controls/BasePrintPanelEMFSpecialPages.h"
-#include "controls/SpecialPagesHub.h"
 #include "platform/foundation/Bundle.h"
 #include "platform/print/PrintSettings.h"
 #include "platform/toolkit/Button.h"
@@ -15,6 +14,7 @@
 #include "records/record_builder.h"
 #include "records/record_tables.h"
 #include "records/summary_tables.h"
+#include "testing/EmptyHub.h"
 #include "testing/paths.h"
 
 #include <gtest/gtest.h>
@@ -56,30 +56,16 @@ class GivenDialog : public RecordDialog {
 };
 
 /// The pane that the list is registered with.
-class ListPane : public BasePrintPanelEMFSpecialPages, public SpecialPagesHub {
+class ListPane : public BasePrintPanelEMFSpecialPages, public EmptyHub {
   public:
-    using Window = PopupWinInPanelEMFSpecialPages;
     SpecialPagesHub* hub() override { return this; }
     platform::View* getSpecialPagesViewPtr() override { return &view; }
     platform::View* getSpecialPagesView() override { return &view; }
-    Window* getSPAddCoversWndPtr() override { return nullptr; }
-    Window* getSPAddInsertWndPtr() override { return nullptr; }
-    Window* getSPAddExceptionsWndPtr() override { return nullptr; }
-    Window* getTabStockWndPtr() override { return nullptr; }
-    Window* getTabStockSubWndPtr() override { return nullptr; }
-    Window* getCustomSizeWndPtr() override { return nullptr; }
-    Window* getAdvSeleWndPtr() override { return nullptr; }
     SPSummaryScrollViewCtrl* getSPSummaryScrollViewCtrlPtr() override { return list; }
     SPUndoButCtrlEMF* getSPUndoButtonPtr() override { return undo; }
     RecordDialog* recordDialog(std::int32_t type) override {
         return haveDialogs && type >= 0 && type < 3 ? &dialogs[static_cast<std::size_t>(type)] : nullptr;
     }
-    std::int32_t getTabStockValue() const override { return 0; }
-    void setTabStockValue(std::int32_t) override {}
-    std::int32_t getTabMarginListValue() const override { return 0; }
-    void setTabMarginListValue(std::int32_t) override {}
-    std::int32_t getTabMarginValue() const override { return 0; }
-    void setTabMarginValue(std::int32_t) override {}
     void toMakeChange() override {
         ++changes;
         if (undo != nullptr) {

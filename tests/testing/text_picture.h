@@ -3,12 +3,14 @@
 //
 // A line begins with the view's state: ">" has the keyboard, "-" disabled, "h" hidden, "." neither. Then come
 // its tag and what it shows: [button], [[default button]], [cancel button] esc, (o) radio, <pop-up v>,
-// "text field", |scrolling text|, 3 (1..99 by 1) for a stepper. Items of pop-ups stand below it where they
-// are not plain: "-" disabled with the reason, "h" hidden, "*" checked; an item of a sub-menu after its path.
+// "text field", |scrolling text|, {icon FILE}, 3 (1..99 by 1) for a stepper. Items of pop-ups stand below it
+// where they are not plain: "-" disabled with the reason, "h" hidden, "*" checked; an item of a sub-menu
+// after its path.
 #pragma once
 
 #include "platform/foundation/atomic_file.h"
 #include "platform/toolkit/Button.h"
+#include "platform/toolkit/IconView.h"
 #include "platform/toolkit/PopUpButton.h"
 #include "platform/toolkit/Stepper.h"
 #include "platform/toolkit/TableView.h"
@@ -95,7 +97,7 @@ class TextPicture {
             drawTable(dynamic_cast<platform::TableView&>(view));
             break;
         case platform::ViewKind::icon:
-            out_ << "{icon}\n";
+            out_ << "{icon " << dynamic_cast<platform::IconView&>(view).image().filename().string() << "}\n";
             break;
         case platform::ViewKind::view:
         case platform::ViewKind::window:

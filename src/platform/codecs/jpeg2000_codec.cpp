@@ -22,6 +22,8 @@ using Image = std::unique_ptr<opj_image_t, Freer<opj_image_destroy>>;
 using Stream = std::unique_ptr<opj_stream_t, Freer<opj_stream_destroy>>;
 
 constexpr std::uint32_t kMaxChannels = 4;
+/// Start of a code stream, then the segment of its sizes, which comes first.
+constexpr std::string_view kStreamStart = "\xFF\x4F\xFF\x51";
 constexpr auto kEndOfStream = static_cast<OPJ_SIZE_T>(-1);
 
 /// Bytes that are read, and a place in them.
@@ -83,6 +85,60 @@ OPJ_BOOL seek_write(OPJ_OFF_T at, void* data) {
 OPJ_OFF_T skip_write(OPJ_OFF_T size, void* data) {
     auto& writer = *static_cast<Writer*>(data);
     return seek_write(static_cast<OPJ_OFF_T>(writer.at) + size, data) == OPJ_TRUE ? size : -1;
+}
+
+std::uint64_t number_at(std::string_view bytes, std::size_t at, std::size_t size) {
+    std::uint64_t number = 0;
+    for (const char byte : bytes.substr(at, size)) {
+        number = number << 8U | static_cast<std::uint8_t>(byte);
+    }
+    return number;
+}
+
+/// The code stream: the bytes themselves, or what the first box for it in a JP2 file holds. Empty when there
+/// is none.
+std::string_view code_stream(std::string_view bytes) {
+    constexpr std::size_t kBoxHead = 8;
+    constexpr std::size_t kLongBoxHead = 16;
+    while (!bytes.starts_with(kStreamStart) && bytes.size() >= kLongBoxHead) {
+        const std::uint64_t shortSize = number_at(bytes, 0, 4);
+        const std::size_t head = shortSize == 1 ? kLongBoxHead : kBoxHead;
+        const std::uint64_t size = shortSize == 1 ? number_at(bytes, kBoxHead, 8) : shortSize;
+        if (bytes.substr(4, 4) == "jp2c") {
+            return bytes.substr(head);
+        }
+        if (size < head || size > bytes.size()) {
+            return {};
+        }
+        bytes.remove_prefix(static_cast<std::size_t>(size));
+    }
+    return bytes.starts_with(kStreamStart) ? bytes : std::string_view{};
+}
+
+/// Whether the head of the code stream names a picture within the bounds, in tiles that the library may set
+/// up one by one before it tells the size: a few bytes could have it set up 65535 of them.
+bool head_within_bounds(std::string_view bytes) {
+    constexpr std::size_t kHeadBytes = 40;
+    constexpr std::uint64_t kMaxTiles = 4096;
+    const std::string_view stream = code_stream(bytes);
+    if (!stream.starts_with(kStreamStart) || stream.size() < kHeadBytes) {
+        return false;
+    }
+    const std::array<std::uint64_t, 2> ends{number_at(stream, 8, 4), number_at(stream, 12, 4)};
+    std::array<std::uint64_t, 2> sides{};
+    std::uint64_t tiles = 1;
+    for (std::size_t i = 0; i < 2; ++i) {
+        const std::uint64_t origin = number_at(stream, 16 + 4 * i, 4);
+        const std::uint64_t tile = number_at(stream, 24 + 4 * i, 4);
+        const std::uint64_t tileOrigin = number_at(stream, 32 + 4 * i, 4);
+        if (tile == 0 || ends[i] <= origin || ends[i] <= tileOrigin) {
+            return false;
+        }
+        sides[i] = ends[i] - origin;
+        tiles *= (ends[i] - tileOrigin + tile - 1) / tile;
+    }
+    return tiles <= kMaxTiles && sides[0] <= kMaxPictureSide && sides[1] <= kMaxPictureSide &&
+           sides[0] * sides[1] <= kMaxPicturePixels;
 }
 
 bool within_bounds(const opj_image_t& image) {
@@ -180,6 +236,9 @@ int resolutions(const Picture& picture) {
 } // namespace
 
 std::optional<Picture> decode_jpeg2000(std::string_view bytes) {
+    if (!head_within_bounds(bytes)) {
+        return std::nullopt;
+    }
     Reader reader{bytes};
     const Image image = read_image(reader, bytes.starts_with('\xFF') ? OPJ_CODEC_J2K : OPJ_CODEC_JP2);
     if (!image || !within_bounds(*image)) {
@@ -220,7 +279,9 @@ std::optional<std::string> encode_jpeg2000(const Picture& picture) {
     parameters.numresolution = resolutions(picture);
     parameters.tcp_numlayers = 1;
     parameters.cp_disto_alloc = 1;
-    parameters.tcp_mct = 1;
+    // No colour transform: the library has no room for the largest differences of two channels, and a picture
+    // with such contrasts would come back in other colours.
+    parameters.tcp_mct = 0;
     Writer writer;
     opj_stream_set_user_data(stream.get(), &writer, nullptr);
     opj_stream_set_write_function(stream.get(), write_some);

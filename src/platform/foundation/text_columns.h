@@ -1,4 +1,5 @@
-// How many columns a text takes where each letter has one and each East Asian character two, as on a terminal.
+// How many columns a text takes where each letter has one and each East Asian character two, as on a
+// terminal.
 #pragma once
 
 #include "platform/export.h"

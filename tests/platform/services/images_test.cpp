@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <csignal>
 #include <string>
 
@@ -55,6 +56,57 @@ TEST(Pictures, ComeBackFromEveryFormatWithoutLoss) {
             EXPECT_EQ(representationUsingType(plain(width, height), type), bytes)
                 << "the same bytes each time";
         }
+    }
+}
+
+TEST(Pictures, ComeBackFromJpeg2000WithTheStrongestContrasts) {
+    Picture picture{4, 3, {}};
+    for (const char pixel : std::string("ggmmggmmmmoo")) {
+        const std::uint8_t green = pixel == 'g' ? 255 : 0;
+        const std::uint8_t other = pixel == 'm' ? 255 : 0;
+        picture.rgba.insert(picture.rgba.end(),
+                            pixel == 'o' ? std::initializer_list<std::uint8_t>{115, 138, 112, 255}
+                                         : std::initializer_list<std::uint8_t>{other, green, other, 255});
+    }
+    const auto bytes = representationUsingType(picture, Type::jpeg2000);
+    ASSERT_TRUE(bytes);
+    EXPECT_EQ(decode_picture(*bytes), picture);
+}
+
+TEST(Pictures, OfManyTilesAreRefusedBeforeTheyAreSetUp) {
+    const auto stream = [](std::uint32_t width, std::uint32_t height, std::uint32_t tile) {
+        const std::string file = representationUsingType(plain(3, 3), Type::jpeg2000).value();
+        std::string bytes = file.substr(file.find("\xFF\x4F\xFF\x51"));
+        const auto put = [&bytes](std::size_t at, std::uint32_t number) {
+            for (std::size_t i = 0; i < 4; ++i) {
+                bytes[at + i] = static_cast<char>(number >> (24 - 8 * i));
+            }
+        };
+        put(8, width);
+        put(12, height);
+        put(24, tile);
+        put(28, tile);
+        return bytes;
+    };
+    EXPECT_TRUE(decode_picture(stream(3, 3, 3)));
+    for (const auto& [width, height, tile] : {std::array{4U, 63491U, 3U},
+                                              {16384U, 1024U, 1U},
+                                              {0xFFFFFFFFU, 0xFFFFFFFFU, 1U},
+                                              {4096U, 4096U, 63U},
+                                              {3U, 3U, 0U},
+                                              {0U, 3U, 3U},
+                                              {16385U, 1U, 16385U}}) {
+        EXPECT_FALSE(decode_picture(stream(width, height, tile))) << width << "x" << height << " " << tile;
+    }
+    EXPECT_FALSE(decode_picture("\xFF\x4F\xFF\x51"));
+    // Boxes whose sizes lead nowhere.
+    const std::string signature("\0\0\0\x0CjP  \r\n\x87\n", 12);
+    for (const std::string& rest :
+         {std::string(), std::string("\0\0\0\0free........", 16), std::string("\0\0\0\7free........", 16),
+          std::string("\xFF\xFF\xFF\xFFfree........", 16),
+          std::string("\0\0\0\1free\xFF\xFF\xFF\xFF\xFF\xFF\xFF\xFF", 16),
+          std::string("\0\0\0\0jp2c........", 16)}) {
+        EXPECT_FALSE(decode_picture(signature + rest));
     }
 }
 
@@ -163,7 +215,7 @@ TEST(Pictures, AreReadFromFilesByTheirContents) {
 }
 
 TEST(Pictures, OfThePanesIconsCanBeRead) {
-    for (const char* name : {"AddCovers.bmp", "AddInserts.bmp", "AddExceptions.bmp"}) {
+    for (const char* name : {"AddCovers.bmp", "AddInserts.bmp", "AddExceptions.bmp", "Warning.bmp"}) {
         const auto picture = initWithContentsOfFile((paths::source_dir() + "/resources/icons/") + name);
         ASSERT_TRUE(picture) << name;
         EXPECT_GT(picture->width, 0U);

@@ -87,9 +87,8 @@ TEST(NibTexts, OnlyAnotherTextIsAnnounced) {
             announced.emplace_back(&view == button.get() ? "OK" : "Help");
         });
     }
-    translate_nib_texts(std::vector<std::shared_ptr<View>>{button, help}, [](const std::string& text) {
-        return text == "Help" ? std::string("Hilfe") : text;
-    });
+    translate_nib_texts(std::vector<std::shared_ptr<View>>{button, help},
+                        [](const std::string& text) { return text == "Help" ? std::string("Hilfe") : text; });
     EXPECT_EQ(button->title(), "OK");
     EXPECT_EQ(help->title(), "Hilfe");
     EXPECT_THAT(announced, ElementsAre("Help"));
