@@ -4,6 +4,7 @@
 #include "dialogs/custom_size_tags.h"
 #include "dialogs/exceptions_tags.h"
 #include "dialogs/inserts_fixture.h"
+#include "dialogs/tab_stock_tags.h"
 #include "paper/advanced_tags.h"
 #include "paper/covers_tags.h"
 #include "plugin/language_files.h"
@@ -26,9 +27,10 @@ using platform::ViewKind;
 using platform::Window;
 using Texts = std::vector<std::string>;
 
-/// Positions in the paper menu of inserts.
+/// Positions in the paper menus of the sample printer.
 constexpr std::int64_t kAdvancedItem = 6;
 constexpr std::int64_t kCustomSizeItem = 34;
+constexpr std::int64_t kTabStockItem = 37;
 
 void collect_menu(const Menu& menu, Texts& texts) {
     for (std::size_t i = 0; i < menu.numberOfItems(); ++i) {
@@ -94,14 +96,14 @@ class LanguageOfThePane : public InsertsDialogTest, public ::testing::WithParamI
         });
         click(from, button);
     }
-    /// The same for a window that an item of the inserts' paper menu opens.
-    void lookBehind(View& inserts, const std::vector<std::int64_t>& item, ControlTag cancelButton,
-                    const User& user) {
+    /// The same for a window that an item of a paper menu opens.
+    void lookBehind(platform::PopUpButton& menu, const std::vector<std::int64_t>& item,
+                    ControlTag cancelButton, const User& user) {
         face.then([cancelButton, user](Window& shown) {
             user(shown);
             click(shown, cancelButton);
         });
-        EXPECT_TRUE(popup(inserts, SPInstWndSelePaperTagID).pick(item));
+        EXPECT_TRUE(menu.pick(item));
     }
     View& panelView() { return *pane->panelView(); }
 
@@ -139,14 +141,20 @@ TEST_P(LanguageOfThePane, NoWindowShowsAnEnglishText) {
     open({cover_front(), insert_after(7, 12)});
     windows["pane"] = texts_of(panelView());
     look(panelView(), specialPagesAddCoversButID, spCoversWndCancelButtonID, keep("covers"));
-    look(panelView(), specialPagesAddExceptionsButID, spExceptionWndCancelBtnID, keep("exceptions"));
+    look(panelView(), specialPagesAddExceptionsButID, spExceptionWndCancelBtnID, [&](Window& exceptions) {
+        windows["exceptions"] = texts_of(exceptions);
+        lookBehind(popup(exceptions, spExceptionWndPaperPopupBtnID), {kType, kTabStockItem},
+                   SPTabMarginCancelButtonID, keep("tab shift"));
+    });
     look(panelView(), specialPagesSPDeleteAllButID, spWarningWndCancelButID, keep("warning"));
     look(panelView(), specialPagesAddInsertsButID, SPInstWndCancelBtnTagID, [&](Window& inserts) {
         windows["inserts"] = texts_of(inserts);
-        lookBehind(inserts, {kAdvancedItem}, spAdvSeleWndCancelButtonID, keep("advanced"));
-        lookBehind(inserts, {kSize, kCustomSizeItem}, SPCustomSizeCancelButtonID, keep("custom size"));
+        platform::PopUpButton& paper = popup(inserts, SPInstWndSelePaperTagID);
+        lookBehind(paper, {kAdvancedItem}, spAdvSeleWndCancelButtonID, keep("advanced"));
+        lookBehind(paper, {kSize, kCustomSizeItem}, SPCustomSizeCancelButtonID, keep("custom size"));
+        lookBehind(paper, {kType, kTabStockItem}, SPTabMarginSubCancelButtonID, keep("tabs in sequence"));
     });
-    EXPECT_EQ(windows.size(), 7U);
+    EXPECT_EQ(windows.size(), 9U);
     for (const auto& [name, texts] : windows) {
         EXPECT_GT(texts.size(), 5U) << name;
         for (const std::string& text : texts) {

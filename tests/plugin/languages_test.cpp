@@ -8,6 +8,7 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <pugixml.hpp>
 
 #include <algorithm>
 #include <initializer_list>
@@ -113,12 +114,13 @@ TEST(Languages, FormatsTakeTheArgumentsOfEnglishInItsOrder) {
 TEST(Languages, NoTextIsLeftInEnglish) {
     // What is the same word in the other language.
     const std::map<std::string, std::set<std::string>> same{
-        {"de", {"OK", "mm"}}, {"fr", {"OK", "mm", "Page(s)", "Exception", "Type"}}, {"ja", {"OK", "mm"}}};
+        {"de", {"OK", "mm", ", ", "%@ ×"}},
+        {"fr",
+         {"OK", "mm", ", ", "%@ ×", "Page(s)", "Exception", "Type", "1 page", "%@ pages", "Page %@",
+          "Exception, page %@", "Exception %@"}},
+        {"ja", {"OK", "mm"}}};
     std::map<std::string, std::set<std::string>> found;
     for (const Translated& each : all_translated()) {
-        if (each.table == "Preview.strings") {
-            continue; // its captions and joints are looked at below
-        }
         if (each.text == each.english) {
             found[each.language].insert(each.text);
         }
@@ -199,7 +201,7 @@ TEST(Languages, JapanesePunctuationIsFullWidth) {
 }
 
 /// Columns that a text may take: sentences wrap, labels and buttons must fit where the English one fits or be
-/// short anyhow. Titles have their window's width, and tool tips the screen's.
+/// short anyhow. Titles have their window's width, tool tips and notes the screen's, and sheets are read out.
 std::size_t column_limit(const Translated& each) {
     constexpr std::size_t kShort = 16;
     constexpr std::size_t kAddButton = 22;
@@ -209,8 +211,8 @@ std::size_t column_limit(const Translated& each) {
         return std::ranges::any_of(endings,
                                    [&each](std::string_view ending) { return each.key.ends_with(ending); });
     };
-    const std::size_t least = isOne({"Windows", "Wnd", "PDE Title"}) ? kTitle
-                              : isOne({"Tool Tip"})                  ? kToolTip
+    const std::size_t least = isOne({"Windows", "Wnd", "PDE Title", "Tab shift", "Cover Sheet"}) ? kTitle
+                              : isOne({"Tool Tip"}) || each.key.starts_with("Note ")             ? kToolTip
                               : isOne({"Add Covers Btn", "Add Inserts Btn", "Add Exceptions Btn"})
                                   ? kAddButton
                                   : kShort;
@@ -259,6 +261,35 @@ TEST(Languages, WhatSeveralTablesHoldIsWordedAlike) {
         for (const auto& [key, text] : entries_of(language, "Localizable01.strings")) {
             EXPECT_EQ(texts[key], text) << language << ' ' << key;
         }
+    }
+}
+
+/// Texts of the nib that the program replaces in every language before anybody sees them.
+const std::set<std::string> kReplacedNibTexts{"Width:", "Length:", "Ver."};
+
+TEST(Languages, EveryTextOfANibIsInATable) {
+    const std::set<std::string> shown{"text", "windowTitle", "toolTip", "accessibleName", "title"};
+    for (const std::string& nib : files_in(language_folder("en").parent_path() / "nibs", ".ui")) {
+        std::set<std::string> tables;
+        for (const auto& [key, text] : entries_of("en", "Localizable.strings")) {
+            tables.insert(text);
+        }
+        for (const auto& [key, text] : entries_of("en", nib.substr(0, nib.size() - 3) + ".strings")) {
+            EXPECT_EQ(key, text) << nib;
+            tables.insert(key);
+        }
+        pugi::xml_document document;
+        ASSERT_TRUE(document.load_file((language_folder("en").parent_path() / "nibs" / nib).c_str()));
+        std::size_t texts = 0;
+        for (const pugi::xpath_node& found : document.select_nodes("//property/string[not(@notr)]")) {
+            const std::string text = found.node().text().get();
+            if (shown.contains(found.parent().attribute("name").value()) &&
+                !kReplacedNibTexts.contains(text)) {
+                EXPECT_THAT(tables, ::testing::Contains(text)) << nib;
+                ++texts;
+            }
+        }
+        EXPECT_GT(texts, 50U) << nib;
     }
 }
 
