@@ -150,9 +150,13 @@ TEST_P(LanguageOfThePane, NoWindowShowsAnEnglishText) {
     look(panelView(), specialPagesAddInsertsButID, SPInstWndCancelBtnTagID, [&](Window& inserts) {
         windows["inserts"] = texts_of(inserts);
         platform::PopUpButton& paper = popup(inserts, SPInstWndSelePaperTagID);
-        lookBehind(paper, {kAdvancedItem}, spAdvSeleWndCancelButtonID, keep("advanced"));
-        lookBehind(paper, {kSize, kCustomSizeItem}, SPCustomSizeCancelButtonID, keep("custom size"));
         lookBehind(paper, {kType, kTabStockItem}, SPTabMarginSubCancelButtonID, keep("tabs in sequence"));
+        lookBehind(paper, {kAdvancedItem}, spAdvSeleWndCancelButtonID, keep("advanced"));
+    });
+    // Tab stock and a custom size exclude each other, so that the dialog is opened once for each.
+    look(panelView(), specialPagesAddInsertsButID, SPInstWndCancelBtnTagID, [&](Window& inserts) {
+        lookBehind(popup(inserts, SPInstWndSelePaperTagID), {kSize, kCustomSizeItem},
+                   SPCustomSizeCancelButtonID, keep("custom size"));
     });
     EXPECT_EQ(windows.size(), 9U);
     for (const auto& [name, texts] : windows) {
