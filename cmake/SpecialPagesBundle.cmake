@@ -27,6 +27,13 @@ function(specialpages_bundle)
         list(APPEND made "${out}")
     endforeach()
 
+    # What an older source made goes: a resource beside the languages' folders would hide the ones inside them.
+    file(GLOB_RECURSE present "${SPECIALPAGES_BUNDLE_DIR}/*.lproj/*" "${SPECIALPAGES_BUNDLE_DIR}/Help/*")
+    list(REMOVE_ITEM present ${made})
+    if(present)
+        file(REMOVE ${present})
+    endif()
+
     add_custom_target(specialpages_bundle ALL DEPENDS ${made})
 
     if(EXISTS "${CMAKE_SOURCE_DIR}/src/plugin/module.cpp")

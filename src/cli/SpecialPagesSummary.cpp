@@ -4,6 +4,7 @@
 #include "cli/streams.h"
 #include "host/HostError.h"
 #include "platform/foundation/numbers.h"
+#include "platform/foundation/text_columns.h"
 #include "records/record_ticket.h"
 #include "records/ticket_keys.h"
 
@@ -112,14 +113,8 @@ std::string page_word(const SpecialPageRecord& record) {
     return record.text(RecordKey::page);
 }
 
-/// Characters, as far as a terminal's columns can be told without knowing its font.
-std::size_t width_of(const std::string& text) {
-    return static_cast<std::size_t>(std::count_if(
-        text.begin(), text.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; }));
-}
-
 std::string padded(std::string text, std::size_t width) {
-    const std::size_t used = width_of(text);
+    const std::size_t used = platform::text_columns(text);
     text.append(used < width ? width - used : 0, ' ');
     return text;
 }
@@ -144,8 +139,8 @@ std::string rows_table(const std::vector<SummaryRow>& rows) {
     std::size_t pageWidth = 0;
     std::size_t typeWidth = 0;
     for (const SummaryRow& line : lines) {
-        pageWidth = std::max(pageWidth, width_of(line.page));
-        typeWidth = std::max(typeWidth, width_of(line.type));
+        pageWidth = std::max(pageWidth, platform::text_columns(line.page));
+        typeWidth = std::max(typeWidth, platform::text_columns(line.type));
     }
     std::string table;
     for (const SummaryRow& line : lines) {

@@ -22,6 +22,7 @@ void apply_command(const ApplyOptions& options, Streams streams);
 struct ShowOptions {
     std::optional<std::string> ppd; ///< with it, the pane's own texts are shown
     std::string settings;
+    std::string language; ///< of the pane's texts; empty or unknown: English
     bool json = false;
 };
 /// The special pages of a settings file, as a table or as JSON.

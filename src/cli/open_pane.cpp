@@ -58,9 +58,7 @@ std::unique_ptr<host::PrintHost> open_pane(const PaneOptions& options, std::istr
         settings = read_settings(*options.settings, in);
     }
     host::PaneModule module(host::find_bundle());
-    if (!options.language.empty()) {
-        module.bundle()->setPreferredLanguages({options.language});
-    }
+    module.bundle()->setPreferredLanguages({options.language});
     auto host = std::make_unique<host::PrintHost>(std::move(ppd), std::move(settings), options.printer);
     if (!host->openPane(std::move(module))) {
         refuse_without_pane(host->ppd(), host->module());

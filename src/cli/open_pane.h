@@ -18,7 +18,7 @@ struct PaneOptions {
     std::optional<std::string> settings; ///< none: the job has no settings yet
     std::vector<std::string> marks;      ///< "OPTION=CHOICE", in order
     std::string printer;                 ///< empty: the PPD's model name
-    std::string language;                ///< empty: the bundle's own order
+    std::string language;                ///< of the pane's texts; empty or unknown: English
 };
 
 /// The settings of a file, "-" being standard input (JSON). HostError (input).

@@ -66,8 +66,10 @@ void add_apply(CLI::App& app, ApplyOptions& options) {
 
 void add_show(CLI::App& app, ShowOptions& options) {
     CLI::App& command = *app.add_subcommand("show", "Shows the special pages of a settings file");
-    command.add_option("--ppd", options.ppd, "The printer's PPD: shows the pane's own texts")
-        ->type_name("FILE");
+    CLI::Option& ppd =
+        *command.add_option("--ppd", options.ppd, "The printer's PPD: shows the pane's own texts")
+             ->type_name("FILE");
+    command.add_option("--lang", options.language, kLanguageHelp)->type_name("LANG")->needs(&ppd);
     command.add_flag("--json", options.json, "JSON in place of a table");
     command.add_option("settings", options.settings, kSettingsHelp)->type_name("SETTINGS")->required();
 }

@@ -51,6 +51,7 @@ void show_command(const ShowOptions& options, Streams streams) {
         PaneOptions pane;
         pane.ppd = *options.ppd;
         pane.settings = options.settings;
+        pane.language = options.language;
         const auto host = open_pane(pane, streams.in);
         summary = summarise(host->settings());
         shown = rows_of_pane(*host);

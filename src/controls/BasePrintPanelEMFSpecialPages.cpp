@@ -6,6 +6,7 @@
 #include "platform/print/PDEPluginCallback.h"
 #include "platform/toolkit/View.h"
 #include "platform/toolkit/Window.h"
+#include "platform/toolkit/nib_texts.h"
 #include "support/plugin_bundle.h"
 #include "support/settings_access.h"
 
@@ -347,8 +348,12 @@ bool BasePrintPanelEMFSpecialPages::loadNibNamed(std::string_view name) {
     topLevelObjs = platform::Nib::loadNibFile(*file, *this, &error);
     if (!topLevelObjs) {
         platform::NSLog("SpecialPagesPDE : " + file->string() + ": " + error);
+        return false;
     }
-    return topLevelObjs != nullptr;
+    platform::translate_nib_texts(topLevelObjs->topLevelViews(), [name](const std::string& text) {
+        return pluginBundle()->localizedStringForKey(text, text, name);
+    });
+    return true;
 }
 
 bool BasePrintPanelEMFSpecialPages::connectOutlet(std::string_view, platform::View&) {

@@ -37,7 +37,12 @@ std::shared_ptr<platform::Bundle> load_bundle(const std::filesystem::path& direc
     if (!bundle) {
         refuse_bundle(directory, "expected the bundle of a pane: " + error);
     }
-    return bundle;
+    // The pane's code stays loaded and keeps the bundle with which it was loaded first: a language that is
+    // set on another one would not reach it.
+    const auto identifier = bundle->bundleIdentifier();
+    const auto known = identifier ? platform::Bundle::CFBundleGetBundleWithIdentifier(*identifier) : nullptr;
+    const bool sameBundle = known && known->CFBundleCopyBundleURL() == bundle->CFBundleCopyBundleURL();
+    return sameBundle ? known : bundle;
 }
 
 // The shared object's path; nothing outside the bundle is ever loaded.

@@ -4,7 +4,6 @@
 #include "dialogs/inserts_tables.h"
 #include "platform/toolkit/Nib.h"
 #include "support/input_filter.h"
-#include "testing/paths.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -97,8 +96,8 @@ TEST_F(InsertsTables, EveryKeyIsLocalised) {
     }
     EXPECT_STREQ(SPInstPageNumEditFilterData.messageKey, "Warning44");
     EXPECT_STREQ(SPInstQuantityEditFilterData.messageKey, "Warning45");
-    EXPECT_TRUE(std::filesystem::exists(std::filesystem::path(paths::source_dir()) / "resources" / "Help" /
-                                        "SpecialPagesInsert_Default01.htm"));
+    EXPECT_TRUE(
+        built_bundle()->CFBundleCopyResourceURL("SpecialPagesInsert_Default01", "htm", "Help").has_value());
 }
 
 TEST_F(InsertsTables, DefaultsAreLegal) {

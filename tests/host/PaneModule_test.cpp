@@ -119,6 +119,13 @@ TEST(PaneModule, AModuleWithoutTheFactoryFunctionIsRefused) {
         << error.detail();
 }
 
+TEST(PaneModule, ASecondOneOfTheSameBundleSharesIt) {
+    // What is set on the second one's bundle has to reach the code that the first one loaded.
+    const PaneModule first(paths::bundle_dir());
+    const PaneModule second(paths::bundle_dir() + "/");
+    EXPECT_EQ(second.bundle(), first.bundle());
+}
+
 TEST(PaneModule, TheFactoryEndsWithTheModule) {
     const TemporaryFolder folder;
     testing::FakePaneScript script;

@@ -1,6 +1,7 @@
 #include "platform/foundation/Bundle.h"
 
 #include "platform/foundation/atomic_file.h"
+#include "platform/foundation/language_tags.h"
 #include "platform/foundation/log.h"
 #include "platform/foundation/numbers.h"
 #include "platform/foundation/strings_table.h"
@@ -174,8 +175,7 @@ std::vector<std::string> Bundle::languageChain() const {
         }
     };
     for (const auto& language : languages_) {
-        add(language);
-        add(language.substr(0, language.find_first_of("-_")));
+        std::ranges::for_each(language_tags(language), add);
     }
     add(kFallbackLanguage);
     return chain;

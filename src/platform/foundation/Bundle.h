@@ -49,8 +49,8 @@ class SPECIALPAGES_PLATFORM_API Bundle {
     /// A text entry of Info.plist; empty optional when it is missing or no text.
     std::optional<std::string> objectForInfoDictionaryKey(std::string_view key) const;
 
-    /// Language tags in order of preference ("de", "pt-BR"); a tag falls back to its first part. Initially
-    /// {"en"}.
+    /// Languages in order of preference ("de", "pt-BR", "de_AT.UTF-8"); each falls back to its less special
+    /// tags (language_tags), all of them to "en". Initially {"en"}.
     void setPreferredLanguages(std::vector<std::string> languages);
     /// The languages for which the bundle has a folder, sorted.
     std::vector<std::string> localizations() const;
