@@ -7,6 +7,8 @@ find_package(nlohmann_json REQUIRED)
 find_package(CLI11 REQUIRED)
 find_package(OpenSSL 3 REQUIRED COMPONENTS Crypto)
 pkg_check_modules(PLIST REQUIRED IMPORTED_TARGET libplist-2.0)
+pkg_check_modules(CAIRO REQUIRED IMPORTED_TARGET cairo-ft)
+pkg_check_modules(FONTCONFIG REQUIRED IMPORTED_TARGET fontconfig)
 pkg_check_modules(GRAPHICSMAGICK REQUIRED IMPORTED_TARGET GraphicsMagick++)
 pkg_check_modules(OPENJPEG REQUIRED IMPORTED_TARGET libopenjp2>=2.5)
 
