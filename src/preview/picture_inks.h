@@ -27,10 +27,12 @@ constexpr std::uint32_t ink_rgb(Ink ink) {
         return 0x66717F;
     case Ink::edge:
         return 0x8A95A3;
+    case Ink::shadow:
+        return 0xE2E6EB;
     case Ink::hatch:
         return 0xC9CFD7;
     case Ink::print:
-        return 0xB4BCC7;
+        return 0xA9B2BE;
     case Ink::number:
         return 0x1F2833;
     case Ink::faintNumber:

@@ -117,6 +117,12 @@ class CellPlan {
         : items_(items), cell_(cell), sheet_(sheet) {}
 
     void draw() {
+        PlanRect shadow = sheet_;
+        shadow.y += 2;
+        shadow.x += 1;
+        shadow.radius = 1;
+        shadow.fill = Ink::shadow;
+        items_.emplace_back(shadow);
         behind();
         if (cell_.paper.tab) {
             const int height = std::max(sheet_.height / 6, 8);
@@ -183,10 +189,10 @@ class CellPlan {
 
     void numbers() {
         if (pile()) {
-            number(cell_.firstPage, 58, true);
-            dots(64);
+            number(cell_.firstPage, 60, true);
+            dots(67);
             if (cell_.lastPage != 0) {
-                number(cell_.lastPage, 88, true);
+                number(cell_.lastPage, 91, true);
             }
             return;
         }

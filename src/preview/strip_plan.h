@@ -24,6 +24,7 @@ enum class Ink {
     faintText,
     paper,  ///< the item's own color
     edge,   ///< around paper
+    shadow, ///< under a sheet
     hatch,  ///< over paper of which nobody knows the color
     print,  ///< what stands for printed lines on paper
     number, ///< a page number on paper
