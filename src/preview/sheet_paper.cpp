@@ -85,15 +85,10 @@ class PpdPaper final : public PaperTitles {
 class PpdWords final : public SetupWords {
   public:
     PpdWords(ppd_file_t* ppd, const platform::Bundle& bundle, const PpdPaper& paper)
-        : ppd_(ppd), bundle_(bundle), paper_(paper) {
-        const ppd_attr_t* const index = ppdFindAttr_ALT(ppd, kLocalizationAttribute);
-        if (index != nullptr && index->value != nullptr) {
-            table_ = localizable_table_name(index->value);
-        }
-    }
+        : ppd_(ppd), bundle_(bundle), paper_(paper) {}
 
     std::string localizedText(std::string_view key) const override {
-        return bundle_.localizedStringForKey(key, kNotFound, table_);
+        return bundle_.localizedStringForKey(key, kNotFound, {}); // as the pane's list has it
     }
     std::string defaultTableText(std::string_view key) const override {
         return bundle_.localizedStringForKey(key, kNotFound, {});
@@ -109,7 +104,6 @@ class PpdWords final : public SetupWords {
     ppd_file_t* ppd_;
     const platform::Bundle& bundle_;
     const PpdPaper& paper_;
-    std::string table_;
 };
 
 /// Points to hundredths of a millimetre.

@@ -270,17 +270,17 @@ class Layout {
                 shown.insert(*run.row);
             }
         }
-        std::set<std::size_t> claiming;
+        std::map<std::size_t, std::int64_t> claiming; // each with the first page that is its own
         for (const auto& [first, claim] : claims_.all()) {
-            claiming.insert(claim.row);
+            claiming.emplace(claim.row, first);
         }
-        for (const std::size_t row : claiming) {
-            const NamedPages pages = named_pages(records_[row]);
-            if (known_ && pages.first > end) {
+        for (const auto& [row, first] : claiming) {
+            const std::int64_t last = named_pages(records_[row]).last;
+            if (known_ && first > end) {
                 note(row, NoteReason::pastEnd);
             } else if (!shown.contains(row)) {
                 note(row, NoteReason::onCover);
-            } else if (known_ && pages.last > end && pages.last < kLastPanePage) {
+            } else if (known_ && last > end && last < kLastPanePage) {
                 note(row, NoteReason::partlyPastEnd);
             }
         }
