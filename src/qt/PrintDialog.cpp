@@ -4,6 +4,7 @@
 #include "qt/text.h"
 
 #include <QAbstractButton>
+#include <QDialogButtonBox>
 #include <QLabel>
 #include <QMessageBox>
 #include <QTabWidget>
@@ -19,8 +20,7 @@ constexpr const char* kProblemTitle = "Special Pages";
 } // namespace
 
 PrintDialog::PrintDialog(QPrinter& printer, QWidget* parent) : QPrintDialog(&printer, parent) {
-    // A tab of ours is what makes the dialog show its options at once.
-    tabs();
+    tabs(); // there are tabs, or this is no dialog to stand in
 }
 
 PrintDialog::~PrintDialog() {
@@ -47,9 +47,20 @@ void PrintDialog::showTab(QWidget* tab) {
     }
     all.addTab(tab, tab->windowTitle());
     all.setCurrentWidget(tab);
-    auto* const options = findChild<QAbstractButton*>(QStringLiteral("collapseButton"));
-    if (options != nullptr && all.isHidden()) {
-        options->click();
+    expand();
+}
+
+void PrintDialog::expand() {
+    // The dialog opens without its tabs; the button that brings them is the one of the box that "resets".
+    if (!tabs().parentWidget()->isHidden()) {
+        return;
+    }
+    for (const auto* const box : findChildren<QDialogButtonBox*>()) {
+        for (QAbstractButton* const button : box->buttons()) {
+            if (box->buttonRole(button) == QDialogButtonBox::ResetRole) {
+                button->click();
+            }
+        }
     }
 }
 

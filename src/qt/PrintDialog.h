@@ -9,7 +9,6 @@
 #include <memory>
 #include <string>
 
-class QLabel;
 class QTabWidget;
 
 namespace specialpages::qt {
@@ -39,6 +38,7 @@ class PrintDialog : public QPrintDialog {
 
   private:
     void showTab(QWidget* tab);
+    void expand();
     QTabWidget& tabs();
     void say(const QString& sentence);
 
