@@ -145,6 +145,15 @@ JobGlance job_glance(const PrintSettings& settings, ppd_file_t* ppd, std::option
     return glance_of_records(records_of(settings), ppd, pages, bundle);
 }
 
+JobGlance glance_of_rows(std::span<const std::string> rows, ppd_file_t* ppd,
+                         std::optional<std::int64_t> pages, const Bundle& bundle) {
+    RecordList records;
+    for (const std::string& row : rows) {
+        records.push_back(decode_record(row).record);
+    }
+    return glance_of_records(records, ppd, pages, bundle);
+}
+
 std::set<std::size_t> cells_of_rows(const JobGlance& glance, const std::set<std::size_t>& rows) {
     std::set<std::size_t> cells;
     for (std::size_t i = 0; i < glance.cells.size(); ++i) {

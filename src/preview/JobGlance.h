@@ -12,6 +12,7 @@
 #include <cstdint>
 #include <optional>
 #include <set>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -68,6 +69,11 @@ struct JobGlance {
 /// as in the pane. Precondition: an open PPD.
 JobGlance job_glance(const platform::PrintSettings& settings, ppd_file_t* ppd,
                      std::optional<std::int64_t> pages, const platform::Bundle& bundle);
+
+/// The same of records in the form of their tickets, one a row. A row that cannot be read keeps its number
+/// and shows in no sheet.
+JobGlance glance_of_rows(std::span<const std::string> rows, ppd_file_t* ppd,
+                         std::optional<std::int64_t> pages, const platform::Bundle& bundle);
 
 /// The same of records at hand. The job's sides are the PPD's marked "Duplex"; without one they are one.
 JobGlance glance_of_records(const RecordList& records, ppd_file_t* ppd, std::optional<std::int64_t> pages,

@@ -154,6 +154,9 @@ class Layout {
   private:
     void take(std::size_t row) {
         const SpecialPageRecord& record = records_[row];
+        if (record.find(RecordKey::type) == nullptr) {
+            return; // nothing that was read
+        }
         if (is_front_cover(record) || is_back_cover(record)) {
             std::optional<Cover>& cover = is_front_cover(record) ? front_ : back_;
             if (cover) {

@@ -83,7 +83,8 @@ struct SheetSequence {
 /// the document is not longer.
 inline constexpr std::int64_t kLastPanePage = 65000;
 
-/// `records` in any order, as hand-made ones may be; a row is an index into them. Of a document of unknown
+/// `records` in any order, as hand-made ones may be; a row is an index into them. One without a type is
+/// nothing. Of a document of unknown
 /// length, pages are laid out as far as the records name them, and an open run follows.
 SheetSequence sheet_sequence(const RecordList& records, const Document& document);
 

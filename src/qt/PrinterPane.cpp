@@ -3,6 +3,7 @@
 #include "platform/foundation/Bundle.h"
 #include "platform/toolkit/Application.h"
 
+#include <QLayout>
 #include <utility>
 
 namespace specialpages::qt {
@@ -21,6 +22,10 @@ std::unique_ptr<PrinterPane> PrinterPane::open(PrinterPaneOptions options, QtFac
     // False here means that the help book could not be registered; the pane is complete all the same.
     pane->host_->panel()->restoreValuesAndReturnError(nullptr);
     pane->widget_ = std::make_unique<PaneWidget>(*pane->host_, face);
+    if (auto* const table = PaneGlance::tableBelow(*pane->host_->panel()->panelView())) {
+        pane->glance_ = new PaneGlance(*pane->host_, *table, pane->widget_.get());
+        pane->widget_->layout()->addWidget(pane->glance_);
+    }
     return pane;
 }
 

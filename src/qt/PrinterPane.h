@@ -3,6 +3,7 @@
 #pragma once
 
 #include "host/PrintHost.h"
+#include "qt/PaneGlance.h"
 #include "qt/PaneWidget.h"
 
 #include <filesystem>
@@ -30,6 +31,8 @@ class PrinterPane {
 
     host::PrintHost& host() { return *host_; }
     PaneWidget& widget() { return *widget_; }
+    /// The strip of sheets that stands below the pane in the same tab; null when the pane has no table.
+    PaneGlance* glance() { return glance_; }
 
     /// The user prints: the pane writes its values into the settings. False, and why in `reason`, while a
     /// dialog of the pane is open and when the pane refuses.
@@ -39,6 +42,7 @@ class PrinterPane {
     PrinterPane() = default;
     std::unique_ptr<host::PrintHost> host_;
     std::unique_ptr<PaneWidget> widget_; // ends before its host
+    PaneGlance* glance_ = nullptr;       ///< the widget's
 };
 
 } // namespace specialpages::qt

@@ -11,7 +11,9 @@
 
 #include <QPrinter>
 #include <algorithm>
+#include <cstdint>
 #include <filesystem>
+#include <optional>
 #include <ostream>
 
 namespace specialpages::qt {
@@ -50,13 +52,18 @@ int show_dialog(const PrintOptions& options, std::ostream& out) {
     QtFace face;
     QPrinter printer;
     PrintDialog dialog(printer);
+    std::optional<std::int64_t> known;
     if (!options.document.empty()) {
         const int pages = document_pages(options.document);
+        known = pages;
         dialog.setMinMax(1, std::max(pages, 1));
         dialog.setFromTo(1, std::max(pages, 1));
         printer.setDocName(shown_text(std::filesystem::path(options.document).filename().string()));
     }
     show_printer(dialog, options, face);
+    if (dialog.pane() != nullptr && dialog.pane()->glance() != nullptr) {
+        dialog.pane()->glance()->setPages(known);
+    }
     dialog.setPrintHandler(
         [&](const platform::PrintSettings& settings) { write_settings(options, settings, out); });
     return dialog.exec() == QDialog::Accepted ? 0 : 1;

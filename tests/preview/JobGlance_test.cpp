@@ -1,3 +1,5 @@
+#include "platform/foundation/atomic_file.h"
+#include "platform/foundation/strings_table.h"
 #include "platform/print/PrintSettings.h"
 #include "preview/JobGlance.h"
 #include "preview/glance_fixture.h"
@@ -9,6 +11,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -182,6 +185,47 @@ TEST_F(JobGlanceOf, ReadsRecordsAsFarAsTheyAreWhole) {
     settings.setValue(record_ticket_key(kNPIFCommandTicket, 2), *encode_record(blue(insert_after(2))), false);
     EXPECT_EQ(job_glance(settings, ppd.get(), 2, *bundle).cells.size(), 3U);
     EXPECT_THAT(job_glance(platform::PrintSettings(), ppd.get(), 0, *bundle).cells, IsEmpty());
+}
+
+TEST_F(JobGlanceOf, ReadsRowsThatKeepTheirNumbers) {
+    const std::vector<std::string> rows{*encode_record(blue(cover_front())), "broken", "", "1,2,3",
+                                        *encode_record(blue(insert_after(1)))};
+    const JobGlance glance = glance_of_rows(rows, ppd.get(), 1, *bundle);
+    ASSERT_EQ(glance.cells.size(), 3U);
+    EXPECT_EQ(glance.cells[0].row, 0U);
+    EXPECT_EQ(glance.cells[2].row, 4U);
+    EXPECT_THAT(glance.notes, IsEmpty());
+}
+
+TEST_F(JobGlanceOf, SpeaksTheBundlesLanguage) {
+    bundle->setPreferredLanguages({"de"});
+    EXPECT_EQ(of({blue(insert_after(3, 2))}, 4).cells.at(3).sentence,
+              "Einlegeblatt nach Seite 3, 2 Blätter, A4, Blue, Plain");
+    bundle->setPreferredLanguages({"ja"});
+    EXPECT_EQ(of({blue(insert_after(3, 2))}, 4).cells.at(3).sentence,
+              "3ページの後に挿入紙、2枚、A4, Blue, Plain");
+}
+
+/// The keys of a language's table, each with how many arguments its text takes.
+std::map<std::string, std::size_t> arguments_of(const std::string& language) {
+    const auto text = platform::read_file(paths::bundle_dir() + "/" + language + ".lproj/Preview.strings");
+    const auto table = platform::parse_strings(text.value_or(""));
+    std::map<std::string, std::size_t> arguments;
+    for (const auto& [key, value] : table.value_or(platform::StringsEntries())) {
+        std::size_t& count = arguments[key];
+        for (std::size_t at = value.find("%@"); at != std::string::npos; at = value.find("%@", at + 2)) {
+            ++count;
+        }
+    }
+    return arguments;
+}
+
+TEST(PreviewTexts, EveryLanguageHasTheKeysAndArgumentsOfEnglish) {
+    const auto english = arguments_of("en");
+    EXPECT_GT(english.size(), 40U);
+    for (const char* language : {"de", "fr", "ja"}) {
+        EXPECT_EQ(arguments_of(language), english) << language;
+    }
 }
 
 TEST_F(JobGlanceOf, EveryTextIsThere) {

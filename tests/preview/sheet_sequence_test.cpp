@@ -250,6 +250,7 @@ TEST(SheetSequence, NumbersBeyondAllPagesSaturate) {
 }
 
 TEST(SheetSequence, RecordsOfNoKnownKindAreLeftOut) {
+    EXPECT_EQ(on_one_side({SpecialPageRecord()}, 1), on_one_side({}, 1));
     EXPECT_EQ(on_one_side({specialpages::test::unknown_kind()}, 1), on_one_side({}, 1));
 }
 
