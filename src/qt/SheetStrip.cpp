@@ -191,7 +191,7 @@ void SheetStrip::setSelectedRows(const Rows& rows) {
     const auto cells = preview::cells_of_rows(glance_, rows_);
     if (!cells.empty() && (!current_ || !cells.contains(*current_))) {
         current_ = *cells.begin();
-        show(*current_);
+        bringIntoSight(*current_);
     }
     QAccessibleEvent event(this, QAccessible::SelectionWithin);
     QAccessible::updateAccessibility(&event);
@@ -218,12 +218,12 @@ void SheetStrip::goTo(std::size_t cell) {
 
 void SheetStrip::moveCurrent(std::size_t cell) {
     current_ = cell;
-    show(cell);
+    bringIntoSight(cell);
     viewport()->update();
     tellFocus();
 }
 
-void SheetStrip::show(std::size_t cell) {
+void SheetStrip::bringIntoSight(std::size_t cell) {
     const QRect place = cellRect(cell);
     QScrollBar& bar = *horizontalScrollBar();
     if (place.left() < 0) {

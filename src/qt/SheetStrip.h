@@ -76,7 +76,7 @@ class SheetStrip : public QAbstractScrollArea {
     void fitScrollBar();
     double scale() const;
     void paintCell(QPainter& painter, std::size_t cell) const;
-    void show(std::size_t cell);
+    void bringIntoSight(std::size_t cell);
     void select(Rows rows);
     void moveCurrent(std::size_t cell);
     void tellFocus() const;
