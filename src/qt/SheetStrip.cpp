@@ -23,7 +23,8 @@ using preview::Ink;
 
 constexpr double kLargestScale = 2.0;
 constexpr double kSmallestScale = 0.4;
-constexpr int kSheetLines = 7; ///< the strip's height in lines of its font
+constexpr int kSheetLines = 7;       ///< the strip's height in lines of its font
+constexpr int kFewestSheetLines = 4; ///< where there is little room
 
 QColor mixed(const QColor& one, const QColor& other, double part) {
     const auto mix = [part](int a, int b) {
@@ -112,7 +113,7 @@ SheetStrip::SheetStrip(QWidget* parent) : QAbstractScrollArea(parent) {
     setFocusPolicy(Qt::StrongFocus);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
-    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     viewport()->setBackgroundRole(QPalette::Base);
     plan();
 }
@@ -156,7 +157,8 @@ QSize SheetStrip::sizeHint() const {
 }
 
 QSize SheetStrip::minimumSizeHint() const {
-    return {fontMetrics().height() * kSheetLines, sizeHint().height()};
+    const int saved = fontMetrics().height() * (kSheetLines - kFewestSheetLines);
+    return {fontMetrics().height() * kSheetLines, sizeHint().height() - saved};
 }
 
 QRect SheetStrip::cellRect(std::size_t cell) const {

@@ -23,7 +23,6 @@ inline void need_application() {
 
 inline bool press_key(QWidget& widget, int key) {
     QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
-    event.ignore();
     QCoreApplication::sendEvent(&widget, &event);
     return event.isAccepted();
 }
