@@ -7,8 +7,15 @@ find_package(nlohmann_json REQUIRED)
 find_package(CLI11 REQUIRED)
 find_package(OpenSSL 3 REQUIRED COMPONENTS Crypto)
 pkg_check_modules(PLIST REQUIRED IMPORTED_TARGET libplist-2.0)
+pkg_check_modules(CAIRO REQUIRED IMPORTED_TARGET cairo-ft)
+pkg_check_modules(FONTCONFIG REQUIRED IMPORTED_TARGET fontconfig)
 pkg_check_modules(GRAPHICSMAGICK REQUIRED IMPORTED_TARGET GraphicsMagick++)
 pkg_check_modules(OPENJPEG REQUIRED IMPORTED_TARGET libopenjp2>=2.5)
+# The window; without it everything else is built all the same.
+if(SPECIALPAGES_WINDOW)
+    find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Widgets UiTools PrintSupport Test)
+    find_package(qpdf REQUIRED)
+endif()
 
 # specialpages_folder(<name> [SHARED] DEPENDS <targets...> PRIVATE_DEPENDS <targets...> EXCEPT <regex>)
 # One library a folder, so that an include that runs up the house does not link; without the files that EXCEPT matches.

@@ -67,6 +67,15 @@ struct MenusOptions {
 /// and, when it is not, which choice forbids it. HostError for a selection that the pane does not allow.
 void menus_command(const MenusOptions& options, Streams streams);
 
+struct PreviewOptions {
+    PaneOptions pane;
+    std::string pages; ///< of the document, in digits
+    std::string out;   ///< the picture, *.svg or *.png
+};
+/// Draws the sheets of the job in their order. HostError (usage) for another ending and for pages that are no
+/// number; (input) for settings whose special pages cannot be read; nothing is written then.
+void preview_command(const PreviewOptions& options, Streams streams);
+
 /// The line protocol, until `quit` or the end of input.
 void drive_command(const PaneOptions& options, Streams streams);
 

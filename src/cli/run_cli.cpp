@@ -130,6 +130,19 @@ void add_menus(CLI::App& app, MenusOptions& options) {
     command.add_flag("--json", options.json, "JSON in place of lines");
 }
 
+void add_preview(CLI::App& app, PreviewOptions& options) {
+    CLI::App& command = *app.add_subcommand(
+        "preview", "Draws a job at a glance: covers, pages, inserts and exceptions, sheet by sheet");
+    command.add_option("--ppd", options.pane.ppd, kPpdHelp)->type_name("FILE")->required();
+    command.add_option("--settings", options.pane.settings, kSettingsHelp)->type_name("IN")->required();
+    command.add_option("--pages", options.pages, "How many pages the document has")
+        ->type_name("N")
+        ->required();
+    command.add_option("--out", options.out, "The picture")->type_name("FILE.svg|png")->required();
+    add_marks(command, options.pane);
+    command.add_option("--lang", options.pane.language, kLanguageHelp)->type_name("LANG");
+}
+
 void run_parsed(const std::vector<std::string>& arguments, Streams streams, CLI::App& app) {
     app.require_subcommand(0, 1); // none: told below, after arguments that belong to none
     app.fallthrough();
@@ -151,6 +164,8 @@ void run_parsed(const std::vector<std::string>& arguments, Streams streams, CLI:
     add_constraints(app, constraints);
     MenusOptions menus;
     add_menus(app, menus);
+    PreviewOptions preview;
+    add_preview(app, preview);
     PaneOptions drive;
     add_drive(app, drive);
 
@@ -170,6 +185,8 @@ void run_parsed(const std::vector<std::string>& arguments, Streams streams, CLI:
         constraints_command(constraints, streams);
     } else if (app.got_subcommand("menus")) {
         menus_command(menus, streams);
+    } else if (app.got_subcommand("preview")) {
+        preview_command(preview, streams);
     } else if (app.got_subcommand("drive")) {
         drive_command(drive, streams);
     } else {

@@ -234,6 +234,12 @@ void SPSummaryScrollViewCtrl::tableViewSelectionDidChange(platform::TableView&) 
     }
 }
 
+std::optional<std::string> SPSummaryScrollViewCtrl::tableView_representedObjectForRow(platform::TableView&,
+                                                                                      std::int64_t row) {
+    const SpecialPageRecord* record = row < 0 ? nullptr : getRecordByIndex(static_cast<std::size_t>(row));
+    return record == nullptr ? std::nullopt : encode_record(*record);
+}
+
 std::optional<std::string> SPSummaryScrollViewCtrl::tableView_toolTipForCell(platform::TableView&,
                                                                              const platform::TableColumn&,
                                                                              std::int64_t row) {

@@ -69,6 +69,10 @@ class SPSummaryScrollViewCtrl : public BaseControlEMFSpecialPages,
     std::optional<std::string> tableView_objectValueForTableColumn(platform::TableView& table,
                                                                    const platform::TableColumn& column,
                                                                    std::int64_t row) override;
+    /// The row's record in the form of its ticket: what a window shows of the list beside the table, without
+    /// having anything saved.
+    std::optional<std::string> tableView_representedObjectForRow(platform::TableView& table,
+                                                                 std::int64_t row) override;
     void tableViewSelectionDidChange(platform::TableView& table) override;
     std::optional<std::string> tableView_toolTipForCell(platform::TableView& table,
                                                         const platform::TableColumn& column,

@@ -28,36 +28,11 @@ std::string custom_size_text(const SpecialPageRecord& record, const SetupWords& 
            words.localizedText(record_table_entry(customSizeLongMeasureString, measure));
 }
 
-std::string paper_text(const SpecialPageRecord& record, const PaperTitles& paper, const SetupWords& words) {
-    std::string text;
-    if (record.is_true(RecordKey::interposer)) {
-        const auto interposer = words.interposerText();
-        addPropertyInfoString(&text, interposer ? *interposer : words.localizedText(kInterposerKey), {},
-                              kSetupInterposer, words);
-        return text;
-    }
-    const auto add = [&](std::int32_t kind, RecordKey key) {
-        const std::int32_t index = record.integer(key);
-        addPropertyInfoString(&text, paper.getSelectedMenuItemTitle(kind, index),
-                              paper.getSelectedMenuItemChoice(kind, index), kind, words);
-    };
-    if (words.sizeKeyword(record.integer(RecordKey::pagesize)) == kCustomChoice) {
-        text += custom_size_text(record, words);
-    } else {
-        add(kSetupSize, RecordKey::pagesize);
-    }
-    text += ", ";
-    add(kSetupColor, RecordKey::pagecolor);
-    text += ", ";
-    add(kSetupType, RecordKey::pagetype);
-    return text;
-}
-
 std::string setup_text(const std::string& head, const SpecialPageRecord& record, const PaperTitles& paper,
                        const SetupWords& words) {
     std::string text;
     addPropertyInfoString(&text, head, {}, kSetupHead, words);
-    return text + "; " + paper_text(record, paper, words);
+    return text + "; " + paper_setup_text(record, paper, words);
 }
 
 } // namespace
@@ -94,6 +69,32 @@ std::string exception_setup_text(const SpecialPageRecord& record, const PaperTit
     return setup_text(words.localizedText(record_table_entry(exceptionTowSidePrintIniMenu,
                                                              record.integer(RecordKey::twoSidePrint))),
                       record, paper, words);
+}
+
+std::string paper_setup_text(const SpecialPageRecord& record, const PaperTitles& paper,
+                             const SetupWords& words) {
+    std::string text;
+    if (record.is_true(RecordKey::interposer)) {
+        const auto interposer = words.interposerText();
+        addPropertyInfoString(&text, interposer ? *interposer : words.localizedText(kInterposerKey), {},
+                              kSetupInterposer, words);
+        return text;
+    }
+    const auto add = [&](std::int32_t kind, RecordKey key) {
+        const std::int32_t index = record.integer(key);
+        addPropertyInfoString(&text, paper.getSelectedMenuItemTitle(kind, index),
+                              paper.getSelectedMenuItemChoice(kind, index), kind, words);
+    };
+    if (words.sizeKeyword(record.integer(RecordKey::pagesize)) == kCustomChoice) {
+        text += custom_size_text(record, words);
+    } else {
+        add(kSetupSize, RecordKey::pagesize);
+    }
+    text += ", ";
+    add(kSetupColor, RecordKey::pagecolor);
+    text += ", ";
+    add(kSetupType, RecordKey::pagetype);
+    return text;
 }
 
 std::string format_number(std::string_view format, std::int32_t number) {

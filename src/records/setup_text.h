@@ -71,6 +71,10 @@ std::string insert_setup_text(const SpecialPageRecord& record, const PaperTitles
 std::string exception_setup_text(const SpecialPageRecord& record, const PaperTitles& paper,
                                  const SetupWords& words);
 
+/// What stands behind the "; " of these three: the paper alone.
+std::string paper_setup_text(const SpecialPageRecord& record, const PaperTitles& paper,
+                             const SetupWords& words);
+
 /// The format with its first "%d" replaced by the number.
 std::string format_number(std::string_view format, std::int32_t number);
 

@@ -30,9 +30,11 @@ const std::map<std::string, std::set<std::string>>& allowed() {
             lower.insert(floor);
             below[floor] = lower;
         }
+        below["preview"] = {"platform", "support", "ppd",   "controls",
+                            "records",  "ticket",  "paper", "preview"};
         below["host"] = {"platform", "host"};
-        below["cli"] = {"platform", "support", "ppd", "records", "ticket", "host", "cli"};
-        below["qt"] = {"platform", "host", "qt"};
+        below["cli"] = {"platform", "support", "ppd", "records", "ticket", "preview", "host", "cli"};
+        below["qt"] = {"platform", "preview", "host", "qt"};
         return below;
     }();
     return floors;

@@ -206,6 +206,15 @@ TEST_F(SummaryList, WithoutATableThereIsNoSelection) {
     EXPECT_EQ(bare.getSummaryScrollViewStatus(), kSummaryEditing);
 }
 
+TEST_F(SummaryList, ARowStandsForItsRecordAsItsTicketHasIt) {
+    fill({exception("5-7"), insert_after(3)});
+    EXPECT_EQ(table.representedObject(0), encode_record(list.records()[0]));
+    EXPECT_EQ(table.representedObject(1), encode_record(list.records()[1]));
+    EXPECT_FALSE(table.representedObject(2).has_value());
+    EXPECT_FALSE(list.tableView_representedObjectForRow(table, -1).has_value());
+    EXPECT_TRUE(settings.entries().empty()) << "nothing is saved for it";
+}
+
 TEST_F(SummaryList, TheTipNamesPageTypeAndSetup) {
     pane.dialogs[kExceptions].paper.emplace();
     fill({exception("5-7"), insert_after(3)});

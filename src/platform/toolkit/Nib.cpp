@@ -198,8 +198,14 @@ std::unique_ptr<Nib> Nib::loadNibFile(const std::filesystem::path& file, NibOwne
     std::string why;
     const auto root = parse_nib(*xml, &why);
     auto nib = root ? instantiate(*root, owner, &why) : nullptr;
-    if (nib == nullptr && error != nullptr) {
-        *error = file.string() + ": " + why;
+    if (nib == nullptr) {
+        if (error != nullptr) {
+            *error = file.string() + ": " + why;
+        }
+        return nullptr;
+    }
+    for (const std::shared_ptr<View>& view : nib->views_) {
+        view->setNibFile(file);
     }
     return nib;
 }

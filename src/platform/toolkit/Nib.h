@@ -84,7 +84,8 @@ class SPECIALPAGES_PLATFORM_API Nib {
     /// `error`, when given, says why; the owner then holds outlets whose views are gone.
     static std::unique_ptr<Nib> instantiate(const NibElement& root, NibOwner& owner,
                                             std::string* error = nullptr);
-    /// Reads the file, at most kMaxNibBytes, and instantiates it. The error names the file.
+    /// Reads the file, at most kMaxNibBytes, and instantiates it; its top-level views then know the file. The
+    /// error names the file.
     static std::unique_ptr<Nib> loadNibFile(const std::filesystem::path& file, NibOwner& owner,
                                             std::string* error = nullptr);
     ~Nib();

@@ -63,6 +63,17 @@ std::string TableView::text(std::size_t row, std::size_t column) {
         .value_or(std::string());
 }
 
+std::optional<std::string> TableViewDataSource::tableView_representedObjectForRow(TableView& /*table*/,
+                                                                                  std::int64_t /*row*/) {
+    return std::nullopt;
+}
+
+std::optional<std::string> TableView::representedObject(std::size_t row) {
+    return source_ == nullptr || row >= rows_
+               ? std::nullopt
+               : source_->tableView_representedObjectForRow(*this, static_cast<std::int64_t>(row));
+}
+
 std::optional<std::string> TableView::toolTipForRow(std::size_t row) {
     if (delegate_ == nullptr || row >= rows_) {
         return std::nullopt;

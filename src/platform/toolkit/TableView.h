@@ -29,6 +29,9 @@ class SPECIALPAGES_PLATFORM_API TableViewDataSource {
     /// The text of a cell; empty optional shows nothing.
     virtual std::optional<std::string>
     tableView_objectValueForTableColumn(TableView& table, const TableColumn& column, std::int64_t row) = 0;
+    /// What the row stands for, as text in a form of the source's own; empty optional, as from a source that
+    /// does not say otherwise: nothing.
+    virtual std::optional<std::string> tableView_representedObjectForRow(TableView& table, std::int64_t row);
 };
 
 class SPECIALPAGES_PLATFORM_API TableViewDelegate {
@@ -66,6 +69,9 @@ class SPECIALPAGES_PLATFORM_API TableView : public View {
     std::size_t numberOfRows() const { return rows_; }
     /// The shown text; empty for a row or column that is not there.
     std::string text(std::size_t row, std::size_t column);
+    /// What the data source says that the row stands for; empty optional when it says nothing, and for a row
+    /// that is not there.
+    std::optional<std::string> representedObject(std::size_t row);
     /// The first tool tip that the delegate has for a cell of the row, columns taken in order; empty optional
     /// when there is none.
     std::optional<std::string> toolTipForRow(std::size_t row);

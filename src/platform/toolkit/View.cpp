@@ -10,6 +10,10 @@ View::~View() {
     }
 }
 
+const std::filesystem::path& View::nibFile() const {
+    return nibFile_.empty() && superview_ != nullptr ? superview_->nibFile() : nibFile_;
+}
+
 void View::setTag(std::int32_t tag) {
     if (tag_ != tag) {
         tag_ = tag;

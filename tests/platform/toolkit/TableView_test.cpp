@@ -51,6 +51,23 @@ struct Fixture {
     TableView table;
 };
 
+TEST(TableView, ARowStandsForWhatItsSourceSays) {
+    struct Telling : Source {
+        std::optional<std::string> tableView_representedObjectForRow(TableView& /*table*/,
+                                                                     std::int64_t row) override {
+            return "row " + std::to_string(row);
+        }
+    } telling;
+    Fixture f(2);
+    EXPECT_FALSE(f.table.representedObject(0).has_value()) << "a source that does not say";
+    telling.rows = 2;
+    f.table.setDataSource(&telling);
+    EXPECT_EQ(f.table.representedObject(1), "row 1");
+    EXPECT_FALSE(f.table.representedObject(2).has_value());
+    f.table.setDataSource(nullptr);
+    EXPECT_FALSE(f.table.representedObject(0).has_value());
+}
+
 TEST(TableView, HasNoRowsBeforeItIsLoaded) {
     TableView table;
     Source source;

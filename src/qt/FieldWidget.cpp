@@ -1,0 +1,72 @@
+#include "qt/FieldWidget.h"
+
+#include <QFocusEvent>
+#include <QKeyEvent>
+#include <QSignalBlocker>
+
+namespace specialpages::qt {
+
+FieldWidget::FieldWidget(QWidget* parent) : QLineEdit(parent) {
+    QObject::connect(this, &QLineEdit::textEdited, this, [this](const QString& text) {
+        if (handlers_.edited) {
+            handlers_.edited(text);
+        }
+    });
+}
+
+FieldWidget::Before FieldWidget::now() const {
+    return {text(), cursorPosition(), selectionStart(), selectionLength()};
+}
+
+void FieldWidget::showText(const QString& shown) {
+    if (text() == shown) {
+        return;
+    }
+    const QSignalBlocker quiet(this);
+    const Before before = before_;
+    setText(shown);
+    if (shown != before.text) {
+        return;
+    }
+    if (before.selectionLength > 0) {
+        const bool backwards = before.cursor == before.selectionStart;
+        setSelection(backwards ? before.selectionStart + before.selectionLength : before.selectionStart,
+                     backwards ? -before.selectionLength : before.selectionLength);
+    } else {
+        setCursorPosition(before.cursor);
+    }
+}
+
+bool FieldWidget::event(QEvent* event) {
+    if (event->type() == QEvent::KeyPress || event->type() == QEvent::InputMethod ||
+        event->type() == QEvent::MouseButtonPress || event->type() == QEvent::Drop) {
+        before_ = now();
+    }
+    return QLineEdit::event(event);
+}
+
+void FieldWidget::focusInEvent(QFocusEvent* event) {
+    QLineEdit::focusInEvent(event);
+    if (handlers_.entered) {
+        handlers_.entered();
+    }
+}
+
+void FieldWidget::focusOutEvent(QFocusEvent* event) {
+    QLineEdit::focusOutEvent(event);
+    const bool stays =
+        event->reason() == Qt::PopupFocusReason || event->reason() == Qt::ActiveWindowFocusReason;
+    if (!stays && handlers_.left) {
+        handlers_.left();
+    }
+}
+
+void FieldWidget::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        event->ignore(); // the window's
+    } else {
+        QLineEdit::keyPressEvent(event);
+    }
+}
+
+} // namespace specialpages::qt

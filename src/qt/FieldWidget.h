@@ -1,0 +1,44 @@
+// A text field. Each key's text is shown to the model, which lets it stand or not; the widget follows.
+#pragma once
+
+#include <QLineEdit>
+#include <functional>
+
+namespace specialpages::qt {
+
+class FieldWidget : public QLineEdit {
+  public:
+    explicit FieldWidget(QWidget* parent);
+
+    /// `entered`: the keyboard comes; `edited`: the text that a key would make; `left`: the keyboard goes to
+    /// another control (not to a menu or another window).
+    struct Handlers {
+        std::function<void()> entered;
+        std::function<void(const QString& text)> edited;
+        std::function<void()> left;
+    };
+    void setHandlers(Handlers handlers) { handlers_ = std::move(handlers); }
+
+    /// Shows the text. The one that stood there before the last key brings its cursor and selection back.
+    void showText(const QString& text);
+
+  protected:
+    bool event(QEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+  private:
+    struct Before {
+        QString text;
+        int cursor = 0;
+        int selectionStart = -1;
+        int selectionLength = 0;
+    };
+    Before now() const;
+
+    Handlers handlers_;
+    Before before_;
+};
+
+} // namespace specialpages::qt

@@ -1,0 +1,78 @@
+#include "qt/HelpViewer.h"
+
+#include "platform/foundation/Bundle.h"
+#include "qt/text.h"
+
+#include <QApplication>
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <QTextBrowser>
+#include <QUrl>
+#include <utility>
+
+namespace specialpages::qt {
+
+namespace {
+
+/// Room for a page of help, in characters and lines.
+constexpr int kColumns = 72;
+constexpr int kLines = 28;
+
+} // namespace
+
+HelpViewer::HelpViewer(std::shared_ptr<platform::Bundle> bundle)
+    : bundle_(std::move(bundle)), browser_(new QTextBrowser(this)) {
+    // Pages are read where they lie; a link that leads out of the help opens nothing.
+    browser_->setOpenExternalLinks(false);
+    auto* const back = new QPushButton(QTextBrowser::tr("Back"), this);
+    auto* const forward = new QPushButton(QTextBrowser::tr("Forward"), this);
+    auto* const close = new QPushButton(QTextBrowser::tr("Close"), this);
+    back->setShortcut(QKeySequence::Back);
+    forward->setShortcut(QKeySequence::Forward);
+    back->setEnabled(false);
+    forward->setEnabled(false);
+    auto* const layout = new QVBoxLayout(this);
+    auto* const buttons = new QHBoxLayout;
+    buttons->addWidget(back);
+    buttons->addWidget(forward);
+    buttons->addStretch();
+    buttons->addWidget(close);
+    layout->addWidget(browser_);
+    layout->addLayout(buttons);
+    for (QPushButton* const button : {back, forward, close}) {
+        button->setAutoDefault(false);
+    }
+    browser_->setAccessibleName(QTextBrowser::tr("Help"));
+    QObject::connect(back, &QPushButton::clicked, browser_, &QTextBrowser::backward);
+    QObject::connect(forward, &QPushButton::clicked, browser_, &QTextBrowser::forward);
+    QObject::connect(close, &QPushButton::clicked, this, &QDialog::close);
+    QObject::connect(browser_, &QTextBrowser::backwardAvailable, back, &QPushButton::setEnabled);
+    QObject::connect(browser_, &QTextBrowser::forwardAvailable, forward, &QPushButton::setEnabled);
+    resize(fontMetrics().averageCharWidth() * kColumns, fontMetrics().lineSpacing() * kLines);
+}
+
+bool HelpViewer::open(std::string_view book, std::string_view page, std::string_view anchor, QWidget& asker) {
+    const auto file = bundle_->CFBundleCopyResourceURL(page, "", "Help");
+    if (!file) {
+        return false;
+    }
+    QUrl url = QUrl::fromLocalFile(shown_text(file->string()));
+    if (!anchor.empty()) {
+        url.setFragment(shown_text(anchor));
+    }
+    QWidget* const over =
+        QApplication::activeModalWidget() != nullptr ? QApplication::activeModalWidget() : asker.window();
+    if (parentWidget() != over) {
+        hide();
+        setParent(over, Qt::Dialog); // a modal dialog lets only its own windows be used
+    }
+    setWindowTitle(shown_text(book));
+    browser_->setSource(url);
+    show();
+    raise();
+    activateWindow();
+    browser_->setFocus();
+    return true;
+}
+
+} // namespace specialpages::qt

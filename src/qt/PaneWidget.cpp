@@ -1,0 +1,91 @@
+#include "qt/PaneWidget.h"
+
+#include "host/HostError.h"
+#include "platform/services/help_viewer.h"
+#include "platform/toolkit/Application.h"
+#include "qt/DialogWidget.h"
+#include "qt/HelpViewer.h"
+#include "qt/QtFace.h"
+#include "qt/TableWidget.h"
+#include "qt/text.h"
+
+#include <QAbstractButton>
+#include <QMessageBox>
+#include <QShortcut>
+#include <QVBoxLayout>
+
+namespace specialpages::qt {
+
+namespace {
+
+platform::View& view_of(host::PrintHost& host) {
+    platform::View* const view = host.panel() == nullptr ? nullptr : host.panel()->panelView();
+    if (view == nullptr || view->nibFile().empty()) {
+        throw host::HostError(host::ErrorCode::other, host.ppd().name(),
+                              "expected a pane with a view from a nib for this printer");
+    }
+    return *view;
+}
+
+/// A key that stands for a click on the button, while the keyboard is in `place` (or below it).
+void add_key(QAbstractButton& button, const QString& key, QWidget& place, Qt::ShortcutContext context) {
+    auto* const shortcut = new QShortcut(QKeySequence(key, QKeySequence::PortableText), &place);
+    shortcut->setContext(context);
+    // Through the button, so that what the pane does not allow now is not done.
+    QObject::connect(shortcut, &QShortcut::activated, &button, &QAbstractButton::click);
+}
+
+} // namespace
+
+PaneWidget::PaneWidget(host::PrintHost& host, QtFace& face, QWidget* parent)
+    : QWidget(parent), host_(host), face_(face), nib_(view_of(host).nibFile(), *this), mirror_(nib_),
+      help_(std::make_unique<HelpViewer>(host.module().bundle())) {
+    auto* const layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(&nib_.root());
+    setWindowTitle(shown_text(host.panel()->panelName()));
+    mirror_.bind(view_of(host));
+    mirror_.followFocus(host.window());
+    makeKeys();
+}
+
+PaneWidget::~PaneWidget() {
+    if (face_.pane() == this) {
+        face_.setPane(nullptr);
+        platform::setHelpOpener(nullptr);
+    }
+}
+
+void PaneWidget::activate() {
+    platform::Application::shared().setMainWindow(&host_.window());
+    face_.setPane(this);
+    platform::setHelpOpener([this](std::string_view book, std::string_view page, std::string_view anchor) {
+        return help_->open(book, page, anchor, *this) ? platform::noErr : platform::fnfErr;
+    });
+}
+
+DialogWidget* PaneWidget::widgetsOf(platform::Window& window) {
+    try {
+        mirror_.bind(window);
+    } catch (const host::HostError& error) {
+        QMessageBox::critical(this, windowTitle(), shown_text(error.what()));
+        return nullptr;
+    }
+    return dynamic_cast<DialogWidget*>(mirror_.widgetOf(window));
+}
+
+void PaneWidget::makeKeys() {
+    auto* const table = dynamic_cast<TableWidget*>(nib_.root().findChild<QTableView*>());
+    for (auto* const button : nib_.root().findChildren<QAbstractButton*>()) {
+        for (const QString& key : button->property("tableKeys").toStringList()) {
+            if (table != nullptr) {
+                add_key(*button, key, *table, Qt::WidgetShortcut);
+            }
+        }
+        for (const QString& key : button->property("paneKeys").toStringList()) {
+            add_key(*button, key, *this, Qt::WidgetWithChildrenShortcut);
+        }
+    }
+}
+
+} // namespace specialpages::qt

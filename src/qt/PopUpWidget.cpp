@@ -1,0 +1,144 @@
+#include "qt/PopUpWidget.h"
+
+#include <QKeyEvent>
+#include <QMenu>
+#include <QMouseEvent>
+#include <QProxyStyle>
+#include <QSignalBlocker>
+#include <QStyleOptionComboBox>
+#include <QToolTip>
+#include <QWheelEvent>
+#include <algorithm>
+
+namespace specialpages::qt {
+
+namespace {
+
+/// As narrow as a long title may make the button, in average characters.
+constexpr int kNarrowest = 12;
+
+/// Lets the keyboard reach disabled items too, since these tell why they are disabled.
+class MenuStyle : public QProxyStyle {
+  public:
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* data) const override {
+        return hint == SH_Menu_AllowActiveAndDisabled ? 1
+                                                      : QProxyStyle::styleHint(hint, option, widget, data);
+    }
+};
+
+/// Tells why the item under the mouse or the keyboard is disabled, beside it.
+void tell_reason(QAction* action) {
+    auto* const menu = qobject_cast<QMenu*>(action->parent());
+    if (menu == nullptr) {
+        return;
+    }
+    if (action->isEnabled() || action->statusTip().isEmpty()) {
+        QToolTip::hideText();
+        return;
+    }
+    const QRect item = menu->actionGeometry(action);
+    QToolTip::showText(menu->mapToGlobal(item.bottomLeft()), action->statusTip(), menu, item);
+}
+
+} // namespace
+
+PopUpWidget::PopUpWidget(QWidget* parent) : QComboBox(parent) {
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+}
+
+void PopUpWidget::showTitle(const QString& title) {
+    const QSignalBlocker quiet(this);
+    if (count() == 0) {
+        addItem(title);
+    } else {
+        setItemText(0, title);
+    }
+    update();
+}
+
+void PopUpWidget::showPopup() {
+    if (menu_ != nullptr || !handlers_.fill) {
+        return;
+    }
+    menu_ = new QMenu(this);
+    auto* const style = new MenuStyle;
+    style->setParent(menu_);
+    menu_->setStyle(style);
+    menu_->setMinimumWidth(width());
+    handlers_.fill(*menu_);
+    QObject::connect(menu_, &QMenu::hovered, menu_, tell_reason);
+    QObject::connect(menu_, &QMenu::aboutToHide, this, [menu = menu_, this] {
+        QToolTip::hideText();
+        menu_ = nullptr;
+        menu->deleteLater();
+    });
+    for (QAction* const action : menu_->actions()) {
+        if (action->isVisible() && action->isChecked()) {
+            menu_->setActiveAction(action);
+        }
+    }
+    menu_->popup(mapToGlobal(rect().bottomLeft()));
+}
+
+void PopUpWidget::hidePopup() {
+    if (menu_ != nullptr) {
+        menu_->close();
+    }
+}
+
+QSize PopUpWidget::sizeFor(int textWidth) const {
+    QStyleOptionComboBox option;
+    initStyleOption(&option);
+    const QSize contents(textWidth, std::max(fontMetrics().height(), 14));
+    return style()->sizeFromContents(QStyle::CT_ComboBox, &option, contents, this);
+}
+
+QSize PopUpWidget::sizeHint() const {
+    int widest = 0;
+    for (const QString& title : handlers_.titles ? handlers_.titles() : QStringList()) {
+        widest = std::max(widest, fontMetrics().horizontalAdvance(title));
+    }
+    return sizeFor(widest + 4).expandedTo(minimumSizeHint());
+}
+
+QSize PopUpWidget::minimumSizeHint() const {
+    return sizeFor(kNarrowest * fontMetrics().averageCharWidth());
+}
+
+void PopUpWidget::mousePressEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton) {
+        showPopup();
+    } else {
+        event->ignore();
+    }
+}
+
+void PopUpWidget::mouseReleaseEvent(QMouseEvent* event) {
+    event->accept();
+}
+
+void PopUpWidget::keyPressEvent(QKeyEvent* event) {
+    const bool alt = event->modifiers().testFlag(Qt::AltModifier);
+    switch (event->key()) {
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+        if (alt || !handlers_.step || !handlers_.step(event->key() == Qt::Key_Down ? 1 : -1)) {
+            showPopup();
+        }
+        break;
+    case Qt::Key_Space:
+    case Qt::Key_F4:
+    case Qt::Key_Select:
+        showPopup();
+        break;
+    default:
+        event->ignore();
+    }
+}
+
+void PopUpWidget::wheelEvent(QWheelEvent* event) {
+    event->ignore();
+}
+
+} // namespace specialpages::qt

@@ -1,0 +1,84 @@
+#include "qt/QtFace.h"
+
+#include "platform/toolkit/Window.h"
+#include "qt/DialogWidget.h"
+#include "qt/WindowWidgets.h"
+#include "qt/text.h"
+
+#include <QAbstractEventDispatcher>
+#include <QApplication>
+#include <QEventLoop>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QWindow>
+
+namespace specialpages::qt {
+
+QtFace::QtFace() : before_(platform::Application::shared().setFace(this)) {}
+
+QtFace::~QtFace() {
+    platform::Application::shared().setFace(before_);
+}
+
+void QtFace::giveUp() {
+    if (!loops_.empty()) {
+        loops_.back()->exit(1);
+    }
+}
+
+void QtFace::runEvents(platform::Window& window, const std::function<bool()>& stopped) {
+    const QPointer<DialogWidget> dialog = pane_ == nullptr ? nullptr : pane_->widgetsOf(window);
+    if (dialog == nullptr) {
+        return;
+    }
+    QWidget* const over = QApplication::activeModalWidget() != nullptr ? QApplication::activeModalWidget()
+                                                                       : dialog->parentWidget()->window();
+    dialog->setWindowModality(Qt::ApplicationModal);
+    dialog->adjustSize();
+    dialog->winId(); // makes its window, which then stands over the one that opened it
+    dialog->windowHandle()->setTransientParent(over->windowHandle());
+    dialog->show();
+    dialog->activateWindow();
+    pane_->showFocus(window);
+
+    QEventLoop loop;
+    loops_.push_back(&loop);
+    // Whatever event stopped the run, it is over before the next wait.
+    const auto waits = QObject::connect(QAbstractEventDispatcher::instance(),
+                                        &QAbstractEventDispatcher::aboutToBlock, &loop, [&] {
+                                            if (stopped()) {
+                                                loop.quit();
+                                            }
+                                        });
+    if (!stopped()) {
+        loop.exec(QEventLoop::DialogExec);
+    }
+    QObject::disconnect(waits);
+    loops_.pop_back();
+    if (dialog != nullptr && stopped()) {
+        dialog->hide();
+    }
+}
+
+void QtFace::showAlert(const platform::Alert& alert) {
+    QMessageBox box(QMessageBox::Warning, QString(), shown_text(alert.messageText), QMessageBox::NoButton,
+                    QApplication::activeWindow());
+    if (alert.messageText.empty()) {
+        box.setText(shown_text(alert.informativeText));
+    } else {
+        box.setInformativeText(shown_text(alert.informativeText));
+    }
+    box.setTextFormat(Qt::PlainText);
+    auto* const button =
+        box.addButton(alert.buttonTitle.empty() ? QMessageBox::tr("OK") : literal_label(alert.buttonTitle),
+                      QMessageBox::AcceptRole);
+    box.setDefaultButton(button);
+    box.setEscapeButton(button);
+    box.exec();
+}
+
+void QtFace::beep() {
+    QApplication::beep();
+}
+
+} // namespace specialpages::qt

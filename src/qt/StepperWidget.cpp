@@ -1,0 +1,61 @@
+#include "qt/StepperWidget.h"
+
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QStyle>
+#include <QStyleOptionSpinBox>
+#include <QWheelEvent>
+#include <algorithm>
+#include <limits>
+
+namespace specialpages::qt {
+
+StepperWidget::StepperWidget(QWidget* parent) : QSpinBox(parent) {
+    lineEdit()->hide();
+    lineEdit()->setReadOnly(true);
+    setKeyboardTracking(false);
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    setFocusPolicy(Qt::StrongFocus);
+}
+
+void StepperWidget::stepBy(int steps) {
+    if (!stepped_) {
+        return;
+    }
+    using Limits = std::numeric_limits<std::int32_t>;
+    const std::int64_t wanted = value() + std::int64_t{steps} * singleStep();
+    stepped_(static_cast<std::int32_t>(std::clamp<std::int64_t>(wanted, Limits::min(), Limits::max())));
+}
+
+QSize StepperWidget::sizeHint() const {
+    QStyleOptionSpinBox option;
+    initStyleOption(&option);
+    const QSize whole = QSpinBox::sizeHint();
+    option.rect = QRect(QPoint(0, 0), whole);
+    const QRect arrow = style()->subControlRect(QStyle::CC_SpinBox, &option, QStyle::SC_SpinBoxUp, this);
+    const int frame = style()->pixelMetric(QStyle::PM_SpinBoxFrameWidth, &option, this);
+    return {arrow.width() + 2 * frame, whole.height()};
+}
+
+QAbstractSpinBox::StepEnabled StepperWidget::stepEnabled() const {
+    return StepUpEnabled | StepDownEnabled;
+}
+
+void StepperWidget::keyPressEvent(QKeyEvent* event) {
+    switch (event->key()) {
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+        QSpinBox::keyPressEvent(event);
+        break;
+    default: // no number is typed here
+        event->ignore();
+    }
+}
+
+void StepperWidget::wheelEvent(QWheelEvent* event) {
+    event->ignore();
+}
+
+} // namespace specialpages::qt

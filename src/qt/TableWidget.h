@@ -1,0 +1,41 @@
+// The table: reads its texts from the model whenever it draws, and tells what the user does with rows.
+#pragma once
+
+#include "platform/toolkit/TableView.h"
+
+#include <QTableView>
+#include <functional>
+
+namespace specialpages::qt {
+
+class TableRows;
+
+class TableWidget : public QTableView {
+  public:
+    explicit TableWidget(QWidget* parent);
+
+    struct Handlers {
+        std::function<void(const platform::RowSet& rows)> selected;
+        std::function<void()> doubleClicked;
+    };
+    void setHandlers(Handlers handlers) { handlers_ = std::move(handlers); }
+
+    /// The model that it shows; borrowed, null for none.
+    void setTable(platform::TableView* table);
+    void showRows();
+    void showColumns();
+    void showSelection(const platform::RowSet& rows);
+    platform::RowSet selectedRowSet() const;
+
+  protected:
+    void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    int sizeHintForColumn(int column) const override;
+
+  private:
+    TableRows* rows_;
+    Handlers handlers_;
+    bool showing_ = false;
+};
+
+} // namespace specialpages::qt

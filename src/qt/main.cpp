@@ -1,0 +1,28 @@
+#include "qt/run_print.h"
+
+#include <QApplication>
+#include <clocale>
+#include <cstdio>
+#include <exception>
+#include <iostream>
+#include <string>
+#include <vector>
+
+int main(int argc, char** argv) {
+    try {
+        int exit = 0;
+        const auto options = specialpages::qt::parse_print_options(
+            std::vector<std::string>(argv + (argc > 0 ? 1 : 0), argv + argc), std::cout, std::cerr, exit);
+        if (!options) {
+            return exit;
+        }
+        int programAlone = 1;
+        const QApplication application(programAlone, argv);
+        // Qt takes the user's locale; numbers of files and PPDs are read and written in the C locale.
+        std::setlocale(LC_NUMERIC, "C");
+        return specialpages::qt::run_print(*options, std::cout, std::cerr);
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "special-pages-print: %s\n", error.what());
+        return 1;
+    }
+}

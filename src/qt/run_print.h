@@ -1,0 +1,28 @@
+// The program with the window: options, the document, the dialog, the settings file.
+#pragma once
+
+#include <iosfwd>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace specialpages::qt {
+
+struct PrintOptions {
+    std::string document; ///< a PDF file; empty: none
+    std::string ppd;
+    std::string settings;  ///< a settings file to begin with; empty: none
+    std::string out = "-"; ///< where the settings go, "-" being standard output
+    std::string language;
+};
+
+/// What the arguments (without the program's name) ask for. Empty when there is nothing to run: `exit` is
+/// then the exit code, and help, version or the error was written.
+std::optional<PrintOptions> parse_print_options(std::vector<std::string> arguments, std::ostream& out,
+                                                std::ostream& err, int& exit);
+
+/// Shows the print dialog until the user prints or cancels, and answers the exit code: 0 printed, 1 cancelled
+/// or failed, 2 for a document or settings file that cannot be read. Needs a QApplication.
+int run_print(const PrintOptions& options, std::ostream& out, std::ostream& err);
+
+} // namespace specialpages::qt
