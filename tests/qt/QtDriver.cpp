@@ -19,7 +19,6 @@
 #include <QStyleOptionSpinBox>
 #include <QTextBoundaryFinder>
 #include <QTimer>
-
 #include <array>
 
 namespace specialpages::qt::testing {
@@ -97,7 +96,8 @@ std::vector<QString> composed_characters(const QString& text) {
 }
 
 void type_character(QWidget& field, const QString& character) {
-    const bool oneKey = character.size() == 1 && character[0].unicode() >= 0x20 && character[0].unicode() < 0x7F;
+    const bool oneKey =
+        character.size() == 1 && character[0].unicode() >= 0x20 && character[0].unicode() < 0x7F;
     if (oneKey) {
         QTest::keyClick(field.window()->windowHandle(), character[0].toLatin1());
     } else {
@@ -150,6 +150,9 @@ std::vector<std::string> QtDriver::run(const std::vector<std::string>& requests)
 void QtDriver::readRequests(const std::function<bool()>& stopped) {
     while (!ended_ && !stopped()) {
         if (next_ == requests_->size()) {
+            if (const auto look = std::exchange(look_, nullptr)) {
+                look();
+            }
             ended_ = true;
             return;
         }
@@ -335,15 +338,14 @@ void QtDriver::step(QWidget& widget, std::int32_t value) {
     option.subControls = QStyle::SC_All;
     const auto arrow = [&](bool up) {
         return stepper.style()
-            ->subControlRect(QStyle::CC_SpinBox, &option,
-                             up ? QStyle::SC_SpinBoxUp : QStyle::SC_SpinBoxDown, &stepper)
+            ->subControlRect(QStyle::CC_SpinBox, &option, up ? QStyle::SC_SpinBoxUp : QStyle::SC_SpinBoxDown,
+                             &stepper)
             .center();
     };
     if (held == stepper.value()) {
-        // One step there and back; at an end of the range one against it.
-        const bool atTop = held == stepper.maximum();
-        click(stepper, arrow(true));
-        if (!atTop) {
+        // At an end of the range one step against it, elsewhere one there and back.
+        click(stepper, arrow(held != stepper.minimum()));
+        if (held != stepper.minimum() && held != stepper.maximum()) {
             click(stepper, arrow(false));
         }
         return;

@@ -19,6 +19,11 @@ inline void settle() {
 
 inline void click(QWidget& widget, const QPoint& at, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
     QWidget* const window = widget.window();
+    const QWidget* const modal = QApplication::activeModalWidget();
+    if (!window->isActiveWindow() && (modal == nullptr || modal == window)) {
+        window->activateWindow(); // as a window manager does with the window that is clicked
+        settle();
+    }
     QTest::mouseClick(window->windowHandle(), Qt::LeftButton, modifiers, widget.mapTo(window, at));
 }
 
