@@ -79,12 +79,18 @@ QWidget* Mirror::widgetOf(const platform::View& view) const {
 void Mirror::showFocus(const platform::Window& window) const {
     const platform::View* const first = window.firstResponder();
     QWidget* const widget = first == nullptr ? nullptr : widgetOf(*first);
-    // The window's own focus, which it keeps while another window is the active one.
-    if (widget == nullptr || widget->window()->focusWidget() == widget) {
+    if (widget == nullptr) {
         return;
     }
-    widget->setFocus(Qt::OtherFocusReason);
-    if (auto* const field = dynamic_cast<FieldWidget*>(widget)) {
+    auto* const field = dynamic_cast<FieldWidget*>(widget);
+    if (field != nullptr && field->isInUse()) {
+        return; // the user is in it already
+    }
+    // The window's own focus, which it keeps while another window is the active one.
+    if (widget->window()->focusWidget() != widget) {
+        widget->setFocus(Qt::OtherFocusReason);
+    }
+    if (field != nullptr) {
         field->selectAll();
     }
 }

@@ -35,8 +35,9 @@ void add_key(QAbstractButton& button, const QString& key, QWidget& place, Qt::Sh
         button.setToolTip(words);
     }
     button.setAccessibleDescription(words);
-    // Through the button, so that what the pane does not allow now is not done.
-    QObject::connect(shortcut, &QShortcut::activated, &button, &QAbstractButton::click);
+    // Through the button, so that what the pane does not allow now is not done; and when the key is done
+    // with, since a click may run a whole dialog, whose keys are not to meet a half-finished shortcut.
+    QObject::connect(shortcut, &QShortcut::activated, &button, &QAbstractButton::click, Qt::QueuedConnection);
 }
 
 } // namespace
@@ -72,7 +73,7 @@ bool PaneWidget::openHelp(std::string_view book, std::string_view page, std::str
     if (help_ == nullptr) {
         help_ = new HelpViewer(host_.module().bundle());
     }
-    return help_->open(book, page, anchor, *this);
+    return help_->showPage(book, page, anchor, *this);
 }
 
 DialogWidget* PaneWidget::widgetsOf(platform::Window& window) {

@@ -25,8 +25,9 @@ class ItemAccessible : public QAccessibleInterface, public QAccessibleActionInte
 
     int childCount() const override { return action_->menu() != nullptr ? 1 : 0; }
     QAccessibleInterface* child(int index) const override {
-        return index == 0 && action_->menu() != nullptr ? QAccessible::queryAccessibleInterface(action_->menu())
-                                                        : nullptr;
+        return index == 0 && action_->menu() != nullptr
+                   ? QAccessible::queryAccessibleInterface(action_->menu())
+                   : nullptr;
     }
     int indexOfChild(const QAccessibleInterface* child) const override {
         return action_->menu() != nullptr && child->object() == action_->menu() ? 0 : -1;
@@ -71,7 +72,8 @@ class ItemAccessible : public QAccessibleInterface, public QAccessibleActionInte
         return state;
     }
     void* interface_cast(QAccessible::InterfaceType type) override {
-        return type == QAccessible::ActionInterface ? static_cast<QAccessibleActionInterface*>(this) : nullptr;
+        return type == QAccessible::ActionInterface ? static_cast<QAccessibleActionInterface*>(this)
+                                                    : nullptr;
     }
 
     QStringList actionNames() const override {

@@ -1,5 +1,5 @@
-// What assistive tools are told beyond what Qt tells them: the items of a menu with their check marks, and why
-// a disabled one is disabled.
+// What assistive tools are told beyond what Qt tells them: the items of a menu with their check marks, and
+// why a disabled one is disabled.
 #pragma once
 
 namespace specialpages::qt {

@@ -1,15 +1,13 @@
-#include "qt/NibWidgets.h"
-
 #include "host/host_fixtures.h"
 #include "platform/toolkit/Button.h"
 #include "qt/Mirror.h"
+#include "qt/NibWidgets.h"
 #include "qt/PopUpWidget.h"
 #include "testing/paths.h"
 
 #include <gtest/gtest.h>
 
 #include <QWidget>
-
 #include <string>
 
 namespace specialpages::qt::testing {
@@ -20,8 +18,8 @@ using host::testing::error_of;
 class NibWidgetsTest : public ::testing::Test {
   protected:
     std::filesystem::path nib(const std::string& content, const std::string& after = "") {
-        return folder_.write("a.nib", "<ui version=\"4.0\"><widget class=\"QWidget\" name=\"root\">" + content +
-                                          "</widget>" + after + "</ui>");
+        return folder_.write("a.nib", "<ui version=\"4.0\"><widget class=\"QWidget\" name=\"root\">" +
+                                          content + "</widget>" + after + "</ui>");
     }
     std::string refusal(const std::filesystem::path& file) {
         QWidget parent;

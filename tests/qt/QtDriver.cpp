@@ -76,14 +76,6 @@ void check_path(QWidget& popup, const QMenu& top, const std::vector<std::int32_t
     }
 }
 
-/// Moves in an open menu with the arrow keys until the item is the active one.
-bool go_to(QMenu& menu, const QAction& item) {
-    for (qsizetype i = 0; i <= menu.actions().size() && menu.activeAction() != &item; ++i) {
-        QTest::keyClick(menu.windowHandle(), Qt::Key_Down);
-    }
-    return menu.activeAction() == &item;
-}
-
 std::vector<QString> composed_characters(const QString& text) {
     std::vector<QString> characters;
     QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text);
@@ -110,8 +102,15 @@ void type_character(QWidget& field, const QString& character) {
 } // namespace
 
 void DrivenFace::runEvents(platform::Window& window, const std::function<bool()>& stopped) {
+    QTimer begins; // ends with the run, if the run ends before it begins
     if (run_) {
-        QTimer::singleShot(0, qApp, [run = run_, &stopped] { run(stopped); });
+        begins.setSingleShot(true);
+        QObject::connect(&begins, &QTimer::timeout, &begins, [run = run_, &stopped] {
+            // Keys come to the active window only.
+            EXPECT_TRUE(QTest::qWaitForWindowActive(QApplication::activeModalWidget()));
+            run(stopped);
+        });
+        begins.start(0);
     }
     QtFace::runEvents(window, stopped);
 }

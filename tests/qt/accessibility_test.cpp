@@ -11,7 +11,6 @@
 
 #include <QAccessible>
 #include <QLabel>
-
 #include <map>
 #include <string>
 
@@ -86,8 +85,9 @@ TEST_F(Accessibility, EveryControlOfTheDialogsHasANameAndARole) {
         });
         driver.run(requests);
     }
-    EXPECT_THAT(seen, ::testing::ElementsAre("CoversWindowRef", "InsertWindowRef", "SPAdvSeleWndRef",
-                                             "WarningWindowRef", "spAddExceptionsWindow", "spCustomSizeWindow"));
+    EXPECT_THAT(seen,
+                ::testing::ElementsAre("CoversWindowRef", "InsertWindowRef", "SPAdvSeleWndRef",
+                                       "WarningWindowRef", "spAddExceptionsWindow", "spCustomSizeWindow"));
 }
 
 TEST_F(Accessibility, ARowIsReadAsASentence) {
@@ -96,8 +96,10 @@ TEST_F(Accessibility, ARowIsReadAsASentence) {
     QAccessibleTableInterface* const told = of(table).tableInterface();
     ASSERT_NE(told, nullptr);
     EXPECT_EQ(told->rowCount(), 7);
-    EXPECT_EQ(name_of(*told->cellAt(0, 0)), "Page(s) Front, Type Cover, Setup Print on side 1; A4, Blue, Thick 1");
-    EXPECT_EQ(name_of(*told->cellAt(2, 0)), "Page(s) 5-7, Type Exception, Setup 2-sided, long edge; A3, White, Plain");
+    EXPECT_EQ(name_of(*told->cellAt(0, 0)),
+              "Page(s) Front, Type Cover, Setup Print on side 1; A4, Blue, Thick 1");
+    EXPECT_EQ(name_of(*told->cellAt(2, 0)),
+              "Page(s) 5-7, Type Exception, Setup 2-sided, long edge; A3, White, Plain");
     EXPECT_EQ(name_of(*told->cellAt(2, 1)), "Exception");
 }
 

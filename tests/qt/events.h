@@ -33,6 +33,15 @@ inline void click(QWidget& widget) {
 
 inline void press_key(QWidget& inWindowOf, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
     QTest::keyClick(inWindowOf.window()->windowHandle(), key, modifiers);
+    QApplication::processEvents(); // what the key has put off
+}
+
+/// Moves in an open menu with the arrow keys until the item is the active one.
+inline bool go_to(QMenu& menu, const QAction& item) {
+    for (qsizetype i = 0; i <= menu.actions().size() && menu.activeAction() != &item; ++i) {
+        QTest::keyClick(menu.windowHandle(), Qt::Key_Down);
+    }
+    return menu.activeAction() == &item;
 }
 
 /// A point of the window where no control is: a click there leaves the field that is being edited.

@@ -1,5 +1,5 @@
-// The order in which Tab goes through the pane and each dialog, kept as a golden file for each. Both faces have
-// it: the nib's tab stops less the views that take no keyboard now, and the Tab key in the window.
+// The order in which Tab goes through the pane and each dialog, kept as a golden file for each. Both faces
+// have it: the nib's tab stops less the views that take no keyboard now, and the Tab key in the window.
 #include "platform/toolkit/Nib.h"
 #include "qt/DialogWidget.h"
 #include "qt/PopUpWidget.h"
@@ -79,8 +79,7 @@ class FocusOrder : public QtPaneTest {
 TEST_F(FocusOrder, OfThePane) {
     open(host::read_settings_file(kHandbook));
     QtDriver(pane_->widget(), face_).run({R"({"do":"selectRows","tag":104,"rows":[4]})"});
-    compare("SpecialPagesView",
-            tabbed(*window_, pane_->widget(), widget<QWidget>("SPAddCoversButton")));
+    compare("SpecialPagesView", tabbed(*window_, pane_->widget(), widget<QWidget>("SPAddCoversButton")));
 }
 
 struct Window {
@@ -90,11 +89,13 @@ struct Window {
 };
 
 const std::vector<Window> kWindows{
-    {"CoversWindowRef", "spCoversOptionsList",
+    {"CoversWindowRef",
+     "spCoversOptionsList",
      {R"({"do":"press","tag":100})", R"({"do":"choose","tag":201,"item":4})"}},
     {"InsertWindowRef", "spInstOptionList", {R"({"do":"press","tag":101})"}},
     {"spAddExceptionsWindow", "spExceptionsPageEdit", {R"({"do":"press","tag":102})"}},
-    {"SPAdvSeleWndRef", "spAdvPaperSizeList",
+    {"SPAdvSeleWndRef",
+     "spAdvPaperSizeList",
      {R"({"do":"press","tag":101})", R"({"do":"choose","tag":3210,"item":6})"}},
     {"WarningWindowRef", "spWarningCancelButton", {R"({"do":"press","tag":107})"}},
 };
@@ -120,7 +121,8 @@ TEST_F(FocusOrder, OfEveryDialog) {
 
 TEST_F(FocusOrder, OfTheCustomSize) {
     open();
-    const auto answers = drive({R"({"do":"press","tag":101})", R"({"do":"state"})", R"({"do":"press","tag":3215})"});
+    const auto answers =
+        drive({R"({"do":"press","tag":101})", R"({"do":"state"})", R"({"do":"press","tag":3215})"});
     const auto state = nlohmann::ordered_json::parse(answers.at(1)).at("result");
     // The custom size is the last of the sizes.
     const auto& items = state.at("views").at("3210").at("items").at(2).at("menu");
@@ -136,7 +138,8 @@ TEST_F(FocusOrder, OfTheCustomSize) {
         ASSERT_NE(dialog, nullptr);
         ASSERT_EQ(dialog->objectName().toStdString(), "spCustomSizeWindow");
         seen = true;
-        compare("spCustomSizeWindow", tabbed(*dialog, *dialog, widget<QWidget>("spCustomSizeWidthMMEditText")));
+        compare("spCustomSizeWindow",
+                tabbed(*dialog, *dialog, widget<QWidget>("spCustomSizeWidthMMEditText")));
     });
     driver.run({R"({"do":"press","tag":101})",
                 R"({"do":"choose","tag":3210,"menu":2,"item":)" + std::to_string(custom) + "}"});
