@@ -156,6 +156,11 @@ void NibWidgets::load(const std::string& xml, QWidget& parent) {
         refuse(file_, "expected widgets: " + model_text(loader.errorString()));
     }
     check(*nib);
+    for (const auto& [label, widgets] : namedAfter_) {
+        if (find(label) == nullptr) {
+            refuse(file_, "expected a widget \"" + label + "\", after which others are named");
+        }
+    }
     orderTabStops();
 }
 
@@ -168,6 +173,10 @@ void NibWidgets::check(const NibElement& element) {
                               (widget == nullptr ? "none" : widget->metaObject()->className()));
         }
         widgets_[element.name] = widget;
+        const std::string label = model_text(widget->property("nameFrom").toString());
+        if (!label.empty()) {
+            namedAfter_[label].push_back(widget);
+        }
     }
     for (const NibElement& child : element.children) {
         check(child);
@@ -191,6 +200,12 @@ void NibWidgets::orderTabStops() const {
 QWidget* NibWidgets::find(const std::string& name) const {
     const auto found = widgets_.find(name);
     return found == widgets_.end() ? nullptr : found->second;
+}
+
+const std::vector<QWidget*>& NibWidgets::namedAfter(const std::string& label) const {
+    static const std::vector<QWidget*> none;
+    const auto found = namedAfter_.find(label);
+    return found == namedAfter_.end() ? none : found->second;
 }
 
 } // namespace specialpages::qt

@@ -157,7 +157,7 @@ class PopUpBinding : public BindingOf<platform::PopUpButton, PopUpWidget> {
         shown_.setHandlers({[this] { return titles(); },
                             [this](QMenu& menu) {
                                 fill_menu(menu, model_.menu(), {},
-                                          [this](const MenuPath& path) { model_.pick(path); });
+                                          [this](const MenuPath& path) { pickLater(path); });
                             },
                             [this](int direction) {
                                 return step(direction);
@@ -176,8 +176,9 @@ class PopUpBinding : public BindingOf<platform::PopUpButton, PopUpWidget> {
             items_ = model_.numberOfItems();
             shown_.updateGeometry();
         }
-        if (title != shown_.currentText()) {
-            shown_.showTitle(title);
+        const std::int64_t index = model_.indexOfSelectedItem();
+        if (title != shown_.currentText() || index != shown_.shownIndex()) {
+            shown_.showSelection(index, title);
             return true;
         }
         return moved;
@@ -191,6 +192,12 @@ class PopUpBinding : public BindingOf<platform::PopUpButton, PopUpWidget> {
             titles << shown_text(model_.menu().itemAtIndex(i)->title());
         }
         return titles;
+    }
+
+    /// When the menu is done with: a pick may run a whole dialog, and the menu does not outlive its closing.
+    void pickLater(const MenuPath& path) {
+        QMetaObject::invokeMethod(
+            &receiver_, [this, path] { model_.pick(path); }, Qt::QueuedConnection);
     }
 
     bool step(int direction) {
@@ -208,6 +215,7 @@ class PopUpBinding : public BindingOf<platform::PopUpButton, PopUpWidget> {
         return true;
     }
 
+    QObject receiver_;        ///< drops what is still to be picked when the binding ends
     std::int64_t items_ = -1; ///< how many the widget's width was asked for
 };
 
