@@ -31,7 +31,8 @@ class JobProgress {
     std::string shown_;
 };
 
-/// "prod-12: processing, 3 sheets (looking for paper)": state, sheets when there are any, the queue's message.
+/// "prod-12: processing, 3 sheets (looking for paper)": state, sheets when there are any, the queue's
+/// message.
 std::string progress_text(const std::string& job, const host::JobStatus& status);
 
 } // namespace specialpages::cli

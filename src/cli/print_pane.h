@@ -1,5 +1,5 @@
-// A job as a print dialog makes it: the pane restored, what a job file declares entered through its dialogs, and
-// the pane asked to print.
+// A job as a print dialog makes it: the pane restored, what a job file declares entered through its dialogs,
+// and the pane asked to print.
 #pragma once
 
 #include "cli/job_file.h"
@@ -17,11 +17,12 @@ struct NamedJob {
     std::string file;
 };
 
-/// The job of a file, "-" being standard input, which must not be `inputTaken` then. HostError (input, usage).
+/// The job of a file, "-" being standard input, which must not be `inputTaken` then. HostError (input,
+/// usage).
 NamedJob read_job(const std::string& file, bool inputTaken, std::istream& in);
 
-/// Restores the open pane, enters the job, and prints: the host's settings are then those of the job. HostError
-/// (refused), naming the entry, when the pane refuses one.
+/// Restores the open pane, enters the job, and prints: the host's settings are then those of the job.
+/// HostError (refused), naming the entry, when the pane refuses one.
 void print_pane(host::PrintHost& host, const std::optional<NamedJob>& job);
 
 } // namespace specialpages::cli

@@ -35,7 +35,8 @@ struct Document {
     std::uintmax_t length = 0;
 };
 
-/// HostError unless the stream, which stays at its beginning, holds a PDF: its mark stands in the first block.
+/// HostError unless the stream, which stays at its beginning, holds a PDF: its mark stands in the first
+/// block.
 void check_pdf(std::istream& bytes, const std::string& name) {
     constexpr std::size_t kMarkWithin = 1024;
     std::array<char, kMarkWithin> head{};
@@ -73,9 +74,8 @@ Document open_document(const std::string& file, std::istream& in) {
 /// HostError (usage) when more than one of the files is standard input, or a job and settings are given.
 void check_usage(const SubmitOptions& options) {
     const std::array<const std::optional<std::string>*, 2> files{&options.settings, &options.job};
-    const auto fromInput = std::count_if(files.begin(), files.end(), [](const auto* file) {
-        return *file == kStandardStream;
-    });
+    const auto fromInput =
+        std::count_if(files.begin(), files.end(), [](const auto* file) { return *file == kStandardStream; });
     if (fromInput + (options.document == kStandardStream ? 1 : 0) > 1) {
         throw HostError(ErrorCode::usage, "-", "expected one file at most to be standard input");
     }
@@ -129,20 +129,23 @@ void conclude(const host::CupsJob& job, const host::JobStatus& status, Streams s
         throw failed("the print system gave the job up");
     case host::JobState::canceled:
         throw failed("somebody canceled the job");
+    case host::JobState::stopped:
+        throw failed("the print system stopped the job");
     case host::JobState::pending:
     case host::JobState::processing:
-    case host::JobState::stopped:
         throw failed("the queue was stopped; the job waits in it");
     }
 }
 
 void write_json(const host::CupsJob& job, const std::string& queue, const host::JobStatus& status,
                 const host::CheckedOptions& checked, std::ostream& out) {
-    const nlohmann::ordered_json result{
-        {"job", job.number()},       {"name", job.name()},
-        {"queue", queue},            {"state", host::job_state_name(status.state)},
-        {"sheets", status.sheets},   {"optionBytes", checked.bytes},
-        {"leftOut", checked.recordsLeft}};
+    const nlohmann::ordered_json result{{"job", job.number()},
+                                        {"name", job.name()},
+                                        {"queue", queue},
+                                        {"state", host::job_state_name(status.state)},
+                                        {"sheets", status.sheets},
+                                        {"optionBytes", checked.bytes},
+                                        {"leftOut", checked.recordsLeft}};
     out << result.dump(2, ' ', false, nlohmann::ordered_json::error_handler_t::replace) << '\n';
 }
 
@@ -160,8 +163,8 @@ host::JobStatus watch(host::CupsJob& job, JobProgress& progress) {
     }
 }
 
-host::CupsJob send(const SubmitOptions& options, const host::CheckedOptions& checked, const Document& document,
-                   JobProgress& progress) {
+host::CupsJob send(const SubmitOptions& options, const host::CheckedOptions& checked,
+                   const Document& document, JobProgress& progress) {
     try {
         return host::CupsJob::submit(options.queue, checked.options, {*document.bytes, document.name},
                                      InterruptKey::pressed,

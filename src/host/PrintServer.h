@@ -39,7 +39,8 @@ class PrintServer {
     bool interrupted() const { return interrupted_ && interrupted_(); }
 
     /// What went wrong in the last call to libcups, as an error with this place. `doing` completes "the print
-    /// server ..." when it went away, as in "while the document was sent". PrintInterrupted when that was why.
+    /// server ..." when it went away, as in "while the document was sent". PrintInterrupted when that was
+    /// why.
     HostError refusal(const std::string& place, const std::string& doing) const;
 
     /// How long a server may say nothing.

@@ -159,8 +159,9 @@ void send_document(PrintServer& server, const Destination& queue, const Destinat
                    const PrintDocument& document, const CupsJob::Sent& sent) {
     const std::string place = std::string(queue->name) + "-" + std::to_string(number);
     server.begin();
-    if (cupsStartDestDocument(server.http(), queue.get(), info.get(), number, job_title(document.name).c_str(),
-                              document.format.c_str(), 0, nullptr, 1) != HTTP_STATUS_CONTINUE) {
+    if (cupsStartDestDocument(server.http(), queue.get(), info.get(), number,
+                              job_title(document.name).c_str(), document.format.c_str(), 0, nullptr,
+                              1) != HTTP_STATUS_CONTINUE) {
         throw server.refusal(place, "before the document was sent");
     }
     send_blocks(server, place, document, sent);
@@ -208,9 +209,8 @@ int integer(ipp_t* message, const char* name) {
 
 /// Owned by cupsDoRequest.
 ipp_t* status_request(int number) {
-    constexpr std::array<const char*, 4> kAttributes{"job-state", "job-state-reasons",
-                                                     "job-printer-state-message",
-                                                     "job-media-sheets-completed"};
+    constexpr std::array<const char*, 4> kAttributes{
+        "job-state", "job-state-reasons", "job-printer-state-message", "job-media-sheets-completed"};
     ipp_t* const request = ippNewRequest(IPP_OP_GET_JOB_ATTRIBUTES);
     const std::string uri = "ipp://localhost/jobs/" + std::to_string(number);
     ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_URI, "job-uri", nullptr, uri.c_str());
@@ -250,11 +250,6 @@ const char* job_state_name(JobState state) {
     return "";
 }
 
-bool JobStatus::waits_for_queue() const {
-    return state == JobState::stopped ||
-           (state == JobState::pending && reasons.find("printer-stopped") != std::string::npos);
-}
-
 CupsJob::CupsJob(std::unique_ptr<PrintServer> server, std::string queue, int number)
     : server_(std::move(server)), queue_(std::move(queue)), number_(number) {}
 CupsJob::CupsJob(CupsJob&&) noexcept = default;
@@ -275,8 +270,9 @@ CupsJob CupsJob::submit(const std::string& queue, const JobOptions& options, con
     fill(list, options, destination);
     int number = 0;
     server->begin();
-    if (cupsCreateDestJob(server->http(), destination.get(), info.get(), &number, job_title(document.name).c_str(),
-                          list.count(), list.get()) >= IPP_STATUS_REDIRECTION_OTHER_SITE) {
+    if (cupsCreateDestJob(server->http(), destination.get(), info.get(), &number,
+                          job_title(document.name).c_str(), list.count(),
+                          list.get()) >= IPP_STATUS_REDIRECTION_OTHER_SITE) {
         throw server->refusal(queue, "when the job was made");
     }
     try {
@@ -293,14 +289,15 @@ JobStatus CupsJob::status() {
     const Message answer(cupsDoRequest(server_->http(), status_request(number_), "/"));
     const ipp_status_t status = cupsLastError();
     if (status == IPP_STATUS_ERROR_NOT_FOUND) {
-        return {JobState::forgotten, "", "", 0};
+        return {JobState::forgotten, "", "", 0, false};
     }
     if (!answer || status >= IPP_STATUS_REDIRECTION_OTHER_SITE) {
         throw server_->refusal(name(), "while the job was printed");
     }
     return {state_of(integer(answer.get(), "job-state")), texts(answer.get(), "job-state-reasons"),
             texts(answer.get(), "job-printer-state-message"),
-            integer(answer.get(), "job-media-sheets-completed")};
+            integer(answer.get(), "job-media-sheets-completed"),
+            texts(answer.get(), "job-printer-state-reasons").find("paused") != std::string::npos};
 }
 
 JobStatus CupsJob::wait(const std::function<void(const JobStatus&)>& changed) {
@@ -315,7 +312,7 @@ JobStatus CupsJob::wait(const std::function<void(const JobStatus&)>& changed) {
         if (changed && last != now) {
             changed(now);
         }
-        if (now.ended() || now.state == JobState::held || now.waits_for_queue()) {
+        if (now.rests()) {
             return now;
         }
         last = now;

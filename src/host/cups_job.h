@@ -38,12 +38,18 @@ struct JobStatus {
     std::string reasons; ///< IPP keywords with commas between them; empty for "none"
     std::string message; ///< what the queue says just now, for people; may be empty
     int sheets = 0;      ///< finished so far, as far as the back-end counts them
+    bool queueStopped = false;
 
     bool operator==(const JobStatus&) const = default;
     /// Nothing more will happen to the job.
     bool ended() const { return state >= JobState::canceled; }
     /// It waits for a queue that somebody has stopped.
-    bool waits_for_queue() const;
+    bool waits_for_queue() const { return queueStopped && state == JobState::pending; }
+    /// Nothing will happen to it until somebody does something: it has ended, is held, waits for a stopped
+    /// queue, or was stopped itself, as by a filter that failed.
+    bool rests() const {
+        return ended() || state == JobState::held || state == JobState::stopped || waits_for_queue();
+    }
 };
 
 /// A job that the server has taken, with its document.
@@ -69,12 +75,12 @@ class CupsJob {
 
     /// HostError when the server cannot say; PrintInterrupted.
     JobStatus status();
-    /// Waits until the job has ended, is held, or waits for a stopped queue; `changed` is called with the
+    /// Waits until the job rests; `changed` is called with the
     /// first status and each new one. HostError when the server goes away; PrintInterrupted, after which
     /// cancel() can be called.
     JobStatus wait(const std::function<void(const JobStatus&)>& changed = {});
-    /// Cancels it, whether or not the job was interrupted. A job that has ended stays as it is. HostError when the server
-    /// refuses.
+    /// Cancels it, whether or not the job was interrupted. A job that has ended stays as it is. HostError
+    /// when the server refuses.
     void cancel();
 
   private:

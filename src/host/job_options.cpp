@@ -48,8 +48,10 @@ std::string name_fault(std::string_view name) {
 /// What is wrong with any value; empty when nothing is.
 std::string value_fault(std::string_view value) {
     if (value.size() > kMaxOptionValueBytes) {
-        return "expected at most " + std::to_string(kMaxOptionValueBytes) + " bytes, which is what one "
-               "option of a print job can hold; there are " + std::to_string(value.size());
+        return "expected at most " + std::to_string(kMaxOptionValueBytes) +
+               " bytes, which is what one "
+               "option of a print job can hold; there are " +
+               std::to_string(value.size());
     }
     if (std::any_of(value.begin(), value.end(), is_control)) {
         return "expected a text without control characters, at which the print system would cut it";
@@ -105,9 +107,8 @@ std::string joined(const platform::PrintSettings::Entry& entry) {
 
 std::size_t escaped_bytes_of(const JobOption& option) {
     constexpr std::string_view kEscaped = " \t\n\\'\"";
-    const auto escapes = std::count_if(option.value.begin(), option.value.end(), [&](char c) {
-        return kEscaped.find(c) != std::string_view::npos;
-    });
+    const auto escapes = std::count_if(option.value.begin(), option.value.end(),
+                                       [&](char c) { return kEscaped.find(c) != std::string_view::npos; });
     return option.name.size() + 1 + option.value.size() + static_cast<std::size_t>(escapes);
 }
 

@@ -61,8 +61,9 @@ JobOptions options_of_settings(const platform::PrintSettings& settings);
 /// value "true" or one that begins with "{" nothing is said, and for a name that begins as the pane's do.
 JobOptions queue_options(const std::vector<std::string>& assignments);
 
-/// A document's name as a job can carry it: control characters are "?", and so is everything beyond ASCII when
-/// it is no UTF-8; at most kMaxOptionNameBytes long, cut between characters; "document" for an empty one.
+/// A document's name as a job can carry it: control characters are "?", and so is everything beyond ASCII
+/// when it is no UTF-8; at most kMaxOptionNameBytes long, cut between characters; "document" for an empty
+/// one.
 std::string job_title(std::string name);
 
 /// The options of one job.

@@ -26,8 +26,8 @@ bool arrives_as_text(const std::string& name, const std::string& value) {
     cupsEncodeOptions2(job.get(), count, options, IPP_TAG_JOB);
     cupsFreeOptions(count, options);
     ipp_attribute_t* const attribute = ippFirstAttribute(job.get());
-    if (attribute == nullptr || ippNextAttribute(job.get()) != nullptr || !is_text(ippGetValueTag(attribute)) ||
-        ippGetCount(attribute) != 1) {
+    if (attribute == nullptr || ippNextAttribute(job.get()) != nullptr ||
+        !is_text(ippGetValueTag(attribute)) || ippGetCount(attribute) != 1) {
         return false;
     }
     const char* const text = ippGetString(attribute, 0, nullptr);

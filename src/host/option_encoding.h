@@ -1,5 +1,5 @@
-// What libcups makes of an option on its way into a job. It knows names of its own, whose values it turns into
-// numbers, switches, ranges and lists; every other one it sends as text.
+// What libcups makes of an option on its way into a job. It knows names of its own, whose values it turns
+// into numbers, switches, ranges and lists; every other one it sends as text.
 #pragma once
 
 #include <string>
