@@ -119,13 +119,15 @@ void cancel_job(PrintServer& server, const std::string& queue, int number) {
     }
 }
 
-/// Cancels a job that cannot be sent whole, over a connection of its own, since the first may be lost.
-void give_up(const std::string& queue, int number) {
+/// Cancels a job that cannot be sent whole, over a connection of its own, since the first may be lost. False
+/// when no server is there any more; one that comes back drops a job without a document.
+bool give_up(const std::string& queue, int number) {
     try {
         PrintServer server;
         cancel_job(server, queue, number);
+        return true;
     } catch (const HostError&) {
-        // What went wrong first is what is told. A server that comes back drops a job without a document.
+        return false; // what went wrong first is what is told
     }
 }
 
@@ -171,6 +173,24 @@ void send_document(PrintServer& server, const Destination& queue, const Destinat
     }
 }
 
+void send_or_cancel(PrintServer& server, const Destination& queue, const DestinationInfo& info, int number,
+                    const PrintDocument& document, const CupsJob::Sent& sent) {
+    const std::string name = queue->name;
+    try {
+        send_document(server, queue, info, number, document, sent);
+    } catch (const HostError&) {
+        const bool brokeOff = httpError(server.http()) != 0;
+        if (give_up(name, number) && brokeOff) {
+            throw HostError(ErrorCode::printer, name + "-" + std::to_string(number),
+                            "the print server took no more of the document; its disk may be full");
+        }
+        throw;
+    } catch (...) {
+        give_up(name, number);
+        throw;
+    }
+}
+
 JobState state_of(int ippState) {
     switch (ippState) {
     case IPP_JSTATE_HELD:
@@ -209,8 +229,9 @@ int integer(ipp_t* message, const char* name) {
 
 /// Owned by cupsDoRequest.
 ipp_t* status_request(int number) {
-    constexpr std::array<const char*, 4> kAttributes{
-        "job-state", "job-state-reasons", "job-printer-state-message", "job-media-sheets-completed"};
+    constexpr std::array<const char*, 5> kAttributes{"job-state", "job-state-reasons",
+                                                     "job-printer-state-message", "job-printer-state-reasons",
+                                                     "job-media-sheets-completed"};
     ipp_t* const request = ippNewRequest(IPP_OP_GET_JOB_ATTRIBUTES);
     const std::string uri = "ipp://localhost/jobs/" + std::to_string(number);
     ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_URI, "job-uri", nullptr, uri.c_str());
@@ -275,12 +296,7 @@ CupsJob CupsJob::submit(const std::string& queue, const JobOptions& options, con
                           list.get()) >= IPP_STATUS_REDIRECTION_OTHER_SITE) {
         throw server->refusal(queue, "when the job was made");
     }
-    try {
-        send_document(*server, destination, info, number, document, sent);
-    } catch (...) {
-        give_up(queue, number);
-        throw;
-    }
+    send_or_cancel(*server, destination, info, number, document, sent);
     return {std::move(server), queue, number};
 }
 

@@ -86,6 +86,9 @@ std::string setting_fault(const JobOption& option) {
     if (!arrives_as_text(option.name, option.value)) {
         return "expected a key that is not the name of one of the print system's own options";
     }
+    if (!is_read_back(option.name, option.value)) {
+        return "expected a text that a filter reads back as it is; this one would be split";
+    }
     return "";
 }
 
@@ -103,13 +106,6 @@ std::string joined(const platform::PrintSettings::Entry& entry) {
         list += (list.empty() ? "" : ",") + text;
     }
     return list;
-}
-
-std::size_t escaped_bytes_of(const JobOption& option) {
-    constexpr std::string_view kEscaped = " \t\n\\'\"";
-    const auto escapes = std::count_if(option.value.begin(), option.value.end(),
-                                       [&](char c) { return kEscaped.find(c) != std::string_view::npos; });
-    return option.name.size() + 1 + option.value.size() + static_cast<std::size_t>(escapes);
 }
 
 /// Whether the option is one of the pane's records, or their count.
@@ -143,9 +139,10 @@ JobOptions both(const JobOptions& settings, const JobOptions& queueOptions) {
 
 std::size_t escaped_bytes(const JobOptions& options) {
     const std::size_t blanks = options.empty() ? 0 : options.size() - 1;
-    return std::accumulate(
-        options.begin(), options.end(), blanks,
-        [](std::size_t sum, const JobOption& option) { return sum + escaped_bytes_of(option); });
+    return std::accumulate(options.begin(), options.end(), blanks,
+                           [](std::size_t sum, const JobOption& option) {
+                               return sum + filter_option(option.name, option.value).size();
+                           });
 }
 
 JobOptions options_of_settings(const platform::PrintSettings& settings) {

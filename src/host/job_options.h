@@ -52,7 +52,7 @@ std::size_t escaped_bytes(const JobOptions& options);
 ///   collection), holds a control character (a server cuts there), is no UTF-8 or too long; a text of an
 ///   array that is empty or holds a comma;
 /// - whatever else libcups would not send as that one text, such as a key by which it knows an option of its
-///   own.
+///   own, or a filter would not read back as such, as a text that begins with ",{".
 JobOptions options_of_settings(const platform::PrintSettings& settings);
 
 /// Options of the queue (media, sides, copies, choices of the PPD), each "NAME=VALUE" as it was typed; of one

@@ -3,6 +3,7 @@
 #include <cups/cups.h>
 
 #include <memory>
+#include <string_view>
 
 namespace specialpages::host {
 
@@ -18,6 +19,31 @@ bool is_text(ipp_tag_t tag) {
 }
 
 } // namespace
+
+std::string filter_option(const std::string& name, const std::string& value) {
+    constexpr std::string_view kEscaped = " \t\n\\'\"";
+    std::string text = name + "=";
+    for (const char c : value) {
+        if (kEscaped.find(c) != std::string_view::npos) {
+            text += '\\';
+        }
+        text += c;
+    }
+    return text;
+}
+
+bool is_read_back(const std::string& name, const std::string& value) {
+    const std::string next = name + "-next"; // another name for sure
+    const std::string argument = filter_option(name, value) + " " + next + "=1";
+    cups_option_t* options = nullptr;
+    const int count = cupsParseOptions(argument.c_str(), 0, &options);
+    const char* const read = cupsGetOption(name.c_str(), count, options);
+    const char* const readNext = cupsGetOption(next.c_str(), count, options);
+    const bool same = count == 2 && read != nullptr && read == value && readNext != nullptr &&
+                      std::string_view(readNext) == "1";
+    cupsFreeOptions(count, options);
+    return same;
+}
 
 bool arrives_as_text(const std::string& name, const std::string& value) {
     const std::unique_ptr<ipp_t, Delete> job(ippNew());

@@ -1,6 +1,5 @@
 // Jobs through a real print server.
 #include "host/cups_job.h"
-
 #include "testing/PrivateCupsd.h"
 
 #include <gtest/gtest.h>
@@ -62,8 +61,9 @@ TEST_F(CupsJobs, TheDocumentAndItsOptionsArrive) {
     const PrivateCupsd server;
     std::istringstream in(pdf(std::string(200000, 'x')));
     std::vector<std::uintmax_t> sent;
-    CupsJob job = CupsJob::submit("prod", {{"com.norvalen.nb.rtz.printsettings.A", "/49/44"}, {"Punch", "2Hole"}},
-                                  {in, "hand \"book\r.pdf"}, {}, [&](std::uintmax_t bytes) { sent.push_back(bytes); });
+    CupsJob job =
+        CupsJob::submit("prod", {{"com.norvalen.nb.rtz.printsettings.A", "/49/44"}, {"Punch", "2Hole"}},
+                        {in, "hand \"book\r.pdf"}, {}, [&](std::uintmax_t bytes) { sent.push_back(bytes); });
     EXPECT_EQ(job.number(), 1);
     EXPECT_EQ(job.name(), "prod-1");
     std::vector<JobStatus> seen;
@@ -171,7 +171,7 @@ TEST_F(CupsJobs, AFilterThatFailsStopsTheJobWithItsReason) {
     server.failFilter();
     const JobStatus status = submit().wait();
     EXPECT_EQ(status.state, JobState::stopped);
-    EXPECT_EQ(status.message, "no paper will do");
+    EXPECT_EQ(status.message, "Filter failed") << "as the server puts it";
     EXPECT_FALSE(status.waits_for_queue());
     EXPECT_EQ(server.written("job-1"), "") << "nothing of it is printed";
 }
@@ -217,7 +217,8 @@ TEST_F(CupsJobs, SendingEndsWhenItIsInterruptedAndNoHalfIsPrinted) {
         return pdf(std::string(70000, 'x'));
     });
     std::istream in(&blockwise);
-    EXPECT_THROW(CupsJob::submit("prod", {}, {in, "endless.pdf"}, [&] { return interrupted; }), PrintInterrupted);
+    EXPECT_THROW(CupsJob::submit("prod", {}, {in, "endless.pdf"}, [&] { return interrupted; }),
+                 PrintInterrupted);
     EXPECT_EQ(shell("lpstat -o").out, "") << "no job is left";
     EXPECT_FALSE(server.has("job-1.options"));
 }
@@ -340,7 +341,7 @@ TEST_F(CupsJobs, AFullSpoolIsToldAndNoHalfIsPrinted) {
     }
     server.start();
     const HostError error = error_of([&] { submit(pdf(std::string(3000000, 'x'))); });
-    EXPECT_STREQ(error.what(), "prod-1: the print server has no room for the document");
+    EXPECT_STREQ(error.what(), "prod-1: the print server took no more of the document; its disk may be full");
     EXPECT_EQ(exit_code(error.code()), 4);
     EXPECT_FALSE(server.has("job-1.options"));
     EXPECT_EQ(shell("lpstat -o").out, "");

@@ -75,9 +75,9 @@ inline Shell shell(const std::string& command) {
 class PrivateCupsd {
   public:
     struct Setup {
-        std::string account = {};       ///< as accounts() names them; empty: this one
-        std::string queueLines = {};    ///< for each queue of printers.conf
-        std::string serverLines = {};   ///< for cupsd.conf
+        std::string account = {};     ///< as accounts() names them; empty: this one
+        std::string queueLines = {};  ///< for each queue of printers.conf
+        std::string serverLines = {}; ///< for cupsd.conf
         std::string filter = paths::source_dir() + "/tests/testing/options-filter";
         std::optional<rlim_t> longestFile = {}; ///< in bytes, for every file that the server writes
     };
@@ -95,6 +95,7 @@ class PrivateCupsd {
         }
         start();
         cupsSetServer(socket().c_str());
+        ippSetPort(kIppPort); // an earlier test may have named another
     }
     ~PrivateCupsd() {
         std::filesystem::remove(out() / "block");
@@ -154,9 +155,7 @@ class PrivateCupsd {
     void releaseFilter() const { std::filesystem::remove(out() / "block"); }
     void failFilter() const { folder_.write("cups/out/fail", ""); }
 
-    std::string written(const std::string& name) const {
-        return host::testing::read_bytes(out() / name);
-    }
+    std::string written(const std::string& name) const { return host::testing::read_bytes(out() / name); }
     bool has(const std::string& name) const { return std::filesystem::exists(out() / name); }
     bool waitFor(const std::string& name) const {
         return eventually([&] { return has(name); });
@@ -182,6 +181,8 @@ class PrivateCupsd {
     }
 
   private:
+    static constexpr int kIppPort = 631;
+
     bool runs() {
         if (process_ > 0 && waitpid(process_, nullptr, WNOHANG) != 0) {
             process_ = -1;
