@@ -13,8 +13,8 @@ bool arrives_as_text(const std::string& name, const std::string& value);
 /// backslash before each blank, tab, line end, backslash, apostrophe and quotation mark of the value.
 std::string filter_option(const std::string& name, const std::string& value);
 
-/// Whether a filter that reads its argument with libcups finds this value under this name, and the next option
-/// untouched.
+/// Whether a filter that reads its argument with libcups finds this value under this name, and the next
+/// option untouched.
 bool is_read_back(const std::string& name, const std::string& value);
 
 } // namespace specialpages::host
