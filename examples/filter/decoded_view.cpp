@@ -136,9 +136,8 @@ std::string decoded_view(const npif::Reader& job) {
 bool has_decoded_view(const npif::Reader& job) {
     const auto problems = job.problems();
     return std::none_of(problems.begin(), problems.end(), [](const npif_problem& problem) {
-        const bool of_a_paper = npif::view(problem.key).find("ArrayTicket") != std::string_view::npos;
         return problem.code == NPIF_PROBLEM_OPTIONS || problem.code == NPIF_PROBLEM_MISSING ||
-               problem.code == NPIF_PROBLEM_RECORD || (problem.code == NPIF_PROBLEM_FORM && !of_a_paper);
+               problem.code == NPIF_PROBLEM_RECORD || problem.code == NPIF_PROBLEM_FORM;
     });
 }
 

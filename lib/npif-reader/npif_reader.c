@@ -10,19 +10,6 @@ static const char* const kFlagNames[NPIF_FLAGS] = {"whetherMediaTypeTabTicket", 
                                                    "whetherMediaSizeA5Ticket"};
 static const npif_text kNoText = {NULL, 0};
 
-/* One entry of a list of papers, `length` bytes of a private copy followed by a byte that may be overwritten.
- */
-static npif_text read_paper(npif_reader* reader, npif_list list, size_t index, char* bytes, size_t length) {
-    bytes[length] = '\0';
-    const npif_form_error error = npif_undo_slash_decimal(bytes, &length);
-    if (error.reason != NULL) {
-        const npif_text key = npif_key(reader, kListNames[list], NPIF_NO_INDEX);
-        const npif_text found = {bytes, length};
-        npif_note(reader, NPIF_PROBLEM_FORM, (npif_place){key, index, 0, error.byte}, error.reason, &found);
-    }
-    return (npif_text){bytes, length};
-}
-
 static void read_papers(npif_reader* reader, npif_list list) {
     const npif_option* option = npif_option_of(reader, kListNames[list], NPIF_NO_INDEX);
     if (option == NULL || option->value.length == 0) {
@@ -48,7 +35,8 @@ static void read_papers(npif_reader* reader, npif_list list) {
         while (end < length && bytes[end] != ',') {
             ++end;
         }
-        papers[i] = read_paper(reader, list, i, bytes + start, end - start);
+        bytes[end] = '\0';
+        papers[i] = (npif_text){bytes + start, end - start};
         start = end + 1;
     }
     reader->papers[list] = papers;

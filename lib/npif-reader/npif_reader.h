@@ -67,7 +67,7 @@ typedef enum npif_problem_code {
     NPIF_PROBLEM_OPTIONS = 1, /* the options as a whole: too long, too many, or with a zero byte */
     NPIF_PROBLEM_COUNT = 2,   /* a count is no number; it counts as the number at its head, or 0 */
     NPIF_PROBLEM_MISSING = 3, /* a count announces an entry that is not there; those after it are not read */
-    NPIF_PROBLEM_FORM = 4,    /* a value begins with "/" and is not in slash-decimal form */
+    NPIF_PROBLEM_FORM = 4,    /* a command begins with "/" and is not in slash-decimal form */
     NPIF_PROBLEM_FIELDS = 5,  /* a command has too few or too many fields */
     NPIF_PROBLEM_FIELD = 6,   /* a field of a command is not what it has to be */
     NPIF_PROBLEM_RECORD = 7,  /* a record has too few fields */
@@ -80,7 +80,7 @@ typedef enum npif_problem_code {
 typedef struct npif_problem {
     npif_problem_code code;
     npif_text key; /* the option's full name; empty for NPIF_PROBLEM_OPTIONS */
-    size_t index;  /* number of the command, record or paper, from 0 */
+    size_t index;  /* number of the command or record, from 0 */
     size_t field;  /* number of the field, from 1; 0 when no field is meant */
     /* Number of the offending byte, from 1, or 0 when no byte is meant: of the options for
      * NPIF_PROBLEM_OPTIONS, of the stored value for NPIF_PROBLEM_FORM, of the command's text (at the head of
@@ -196,10 +196,10 @@ NPIF_API const char* npif_record_key_name(npif_record_key key);
 
 typedef enum npif_list { NPIF_SIZES = 0, NPIF_TYPES = 1, NPIF_COLORS = 2 } npif_list;
 
-/* The PPD keywords of the papers that the commands use. A list travels as one value: its entries joined by
- * commas, an entry with a comma in slash-decimal form. An empty value is an empty list. */
+/* The PPD keywords of the papers that the commands use. A list travels as one value, its entries joined by
+ * commas, which no keyword holds. An empty value is an empty list. */
 NPIF_API size_t npif_reader_paper_count(const npif_reader* reader, npif_list list);
-/* Null bytes past the last. An entry whose slash-decimal form is malformed is answered as it stands. */
+/* Null bytes past the last. */
 NPIF_API npif_text npif_reader_paper(const npif_reader* reader, npif_list list, size_t index);
 
 typedef enum npif_flag { NPIF_TAB = 0, NPIF_INTERPOSER = 1, NPIF_A5 = 2 } npif_flag;

@@ -331,17 +331,7 @@ TEST(NpifReaderPapers, AreEntriesBetweenCommas) {
     EXPECT_EQ(papers("A4"), Texts{"A4"});
     EXPECT_EQ(papers("A4,,A3"), (Texts{"A4", "", "A3"}));
     EXPECT_EQ(papers(","), (Texts{"", ""}));
-    EXPECT_EQ(papers("/65/44/66,A3"), (Texts{"A,B", "A3"}));
-}
-
-TEST(NpifReaderPapers, KeepsAMalformedEntryAsItStands) {
-    const Reader reader(argument_of({{kPrefix + "mediaTypeArrayTicket", "A4,/x,A3"}}));
-    EXPECT_EQ(papers_of(reader, NPIF_TYPES).get<Texts>(), (Texts{"A4", "/x", "A3"}));
-    EXPECT_EQ(sentences_of(reader),
-              (Texts{kPrefix + "mediaTypeArrayTicket, byte 2: expected digits after each "
-                               "\"/\", found \"/x\""}));
-    EXPECT_EQ(reader.problems()[0].index, 1U);
-    EXPECT_EQ(reader.problems()[0].code, NPIF_PROBLEM_FORM);
+    EXPECT_EQ(papers("/65,it's"), (Texts{"/65", "it's"})) << "keywords are never in slash-decimal form";
 }
 
 TEST(NpifReaderAnswers, AreNeutralForNullAndPastTheLast) {

@@ -105,7 +105,10 @@ inline RandomJob random_job(bool legal) {
         job.commands[kind].push_back(make(record, keywords, paper));
         job.records[kind].push_back(record);
         if (const auto& size = job.commands[kind].back().size) {
-            sizes.push_back(*size);
+            // No job carries an entry that is empty or holds a comma.
+            if (!size->empty() && size->find(',') == std::string::npos) {
+                sizes.push_back(*size);
+            }
         }
     }
     const std::string names[] = {"NPIFCover", "NPIFInsertion", "NPIFException"};
@@ -118,9 +121,7 @@ inline RandomJob random_job(bool legal) {
                 specialpages::ticket_text(commands[i].text));
         }
     }
-    // A list of one empty entry travels as an empty list.
-    job.settings.setValue(specialpages::kPageSizeArrayTicket,
-                          sizes == std::vector<std::string>{""} ? std::vector<std::string>{} : sizes, false);
+    job.settings.setValue(specialpages::kPageSizeArrayTicket, sizes, false);
     for (const auto key : {specialpages::kWhetherMediaTypeTabTicket, specialpages::kWhetherInterposerTicket,
                            specialpages::kWhetherMediaSizeA5Ticket}) {
         put(job.settings, key, *rc::gen::element<std::string>("0", "1"));

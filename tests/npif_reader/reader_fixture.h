@@ -39,11 +39,11 @@ inline std::string argument_of(const Options& options) {
     return argument;
 }
 
-/// An array's entries joined by commas, those with a comma in slash-decimal form.
+/// An array's entries joined by commas, as a job carries them.
 inline std::string list_value(const std::vector<std::string>& entries) {
     std::string value;
     for (std::size_t i = 0; i < entries.size(); ++i) {
-        value += (i == 0 ? "" : ",") + specialpages::ticket_text(entries[i]);
+        value += (i == 0 ? "" : ",") + entries[i];
     }
     return value;
 }

@@ -1,0 +1,41 @@
+# Completion of special-pages for fish.
+
+set -l commands apply show decode pages constraints menus drive submit lp-options preview
+
+complete -c special-pages -s h -l help -d 'Print what the command takes, and exit'
+complete -c special-pages -s v -l verbose -d 'Show the log on standard error'
+complete -c special-pages -n "not __fish_seen_subcommand_from $commands" -l version -d 'Print the version, and exit'
+complete -c special-pages -n 'not __fish_seen_subcommand_from show submit lp-options' -f
+
+complete -c special-pages -n "not __fish_seen_subcommand_from $commands" -f -a apply -d 'Restore the pane, print, and write the settings'
+complete -c special-pages -n "not __fish_seen_subcommand_from $commands" -f -a show -d 'Show the special pages of a settings file'
+complete -c special-pages -n "not __fish_seen_subcommand_from $commands" -f -a decode -d 'Turn slash-decimal texts back into text'
+complete -c special-pages -n "not __fish_seen_subcommand_from $commands" -f -a pages -d 'Show what the pane makes of a page list'
+complete -c special-pages -n "not __fish_seen_subcommand_from $commands" -f -a constraints -d 'Show the index of the constraints of a PPD'
+complete -c special-pages -n "not __fish_seen_subcommand_from $commands" -f -a menus -d 'Show a paper menu, and what forbids its items'
+complete -c special-pages -n "not __fish_seen_subcommand_from $commands" -f -a drive -d 'Use the pane by a line protocol'
+complete -c special-pages -n "not __fish_seen_subcommand_from $commands" -f -a submit -d 'Print a PDF document through CUPS'
+complete -c special-pages -n "not __fish_seen_subcommand_from $commands" -f -a lp-options -d 'Write print settings as arguments for lp'
+complete -c special-pages -n "not __fish_seen_subcommand_from $commands" -f -a preview -d 'Draw a job at a glance'
+
+complete -c special-pages -n '__fish_seen_subcommand_from apply show constraints menus drive preview' -l ppd -r -F -d 'PPD of the printer'
+complete -c special-pages -n '__fish_seen_subcommand_from apply drive submit preview' -l settings -r -F -d 'Print settings of the job'
+complete -c special-pages -n '__fish_seen_subcommand_from apply submit' -l job -r -F -d 'Special pages to declare'
+complete -c special-pages -n '__fish_seen_subcommand_from apply menus drive preview' -l mark -x -d 'Mark a choice of the PPD'
+complete -c special-pages -n '__fish_seen_subcommand_from apply' -l printer -x -d 'Identifier of the printer'
+complete -c special-pages -n '__fish_seen_subcommand_from submit' -l printer -x -a '(lpstat -e 2>/dev/null)' -d 'The queue'
+complete -c special-pages -n '__fish_seen_subcommand_from apply menus drive submit preview' -l lang -x -a 'de en fr ja' -d 'Language of the texts'
+complete -c special-pages -n '__fish_seen_subcommand_from apply submit preview' -l out -r -F -d 'Where the result goes'
+complete -c special-pages -n '__fish_seen_subcommand_from show pages menus submit' -l json -d 'JSON in place of a table'
+complete -c special-pages -n '__fish_seen_subcommand_from pages' -l exceptions -d 'As in the exceptions dialog'
+complete -c special-pages -n '__fish_seen_subcommand_from pages' -l front-cover -d 'There is a front cover'
+complete -c special-pages -n '__fish_seen_subcommand_from pages' -l held -x -d 'Inserts that there are already'
+complete -c special-pages -n '__fish_seen_subcommand_from constraints' -l dump -d 'Every entry'
+complete -c special-pages -n '__fish_seen_subcommand_from constraints' -l conflicts -x -d 'What forbids a choice'
+complete -c special-pages -n '__fish_seen_subcommand_from constraints' -l write-cache -r -F -d 'Write the cache file'
+complete -c special-pages -n '__fish_seen_subcommand_from constraints' -l section -x -d 'Section of the cache file'
+complete -c special-pages -n '__fish_seen_subcommand_from menus' -l window -x -a 'covers inserts exceptions' -d 'The dialog'
+complete -c special-pages -n '__fish_seen_subcommand_from menus' -l select -x -d 'The paper to choose first'
+complete -c special-pages -n '__fish_seen_subcommand_from submit' -l option -x -d 'Option of the queue'
+complete -c special-pages -n '__fish_seen_subcommand_from submit' -l no-wait -d 'End when the server has taken the job'
+complete -c special-pages -n '__fish_seen_subcommand_from preview' -l pages -x -d 'Pages of the document'
