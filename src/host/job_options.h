@@ -23,8 +23,8 @@ using JobOptions = std::vector<JobOption>;
 /// How long one argument of a program may be, in bytes with its zero byte (Linux: 32 pages). A job whose
 /// options are longer is taken by the server and then stopped.
 inline constexpr std::size_t kFilterArgumentBytes = 131072;
-/// What is kept free for the options that the server adds. Measured on CUPS 2.4: 276 bytes for a plain job, 310
-/// with media and sides, 775 with a long name that doubles; see docs/printing.md.
+/// What is kept free for the options that the server adds. Measured on CUPS 2.4: 276 bytes for a plain job,
+/// 310 with media and sides, 775 with a long name that doubles; see docs/printing.md.
 inline constexpr std::size_t kServerOptionBytes = 4096;
 /// The most that the options of a job may take, escaped.
 inline constexpr std::size_t kMaxJobOptionBytes = kFilterArgumentBytes - kServerOptionBytes;
