@@ -30,7 +30,7 @@ platform::PrintSettings read_settings(const std::string& file, std::istream& in)
 std::unique_ptr<host::PrintHost> open_pane(const PaneOptions& options, std::istream& in);
 
 /// The same for a PPD and settings that are there already.
-std::unique_ptr<host::PrintHost> open_pane(host::PpdFile ppd, platform::PrintSettings settings,
+std::unique_ptr<host::PrintHost> open_pane(host::PpdFile ppd, const platform::PrintSettings& settings,
                                            const std::string& printer, const std::string& language);
 
 } // namespace specialpages::cli

@@ -82,9 +82,9 @@ void check_usage(const SubmitOptions& options) {
 }
 
 /// The settings that the pane of the queue makes of the job, the queue's options being marked.
-platform::PrintSettings settings_of_job(const SubmitOptions& options, const host::JobOptions& queueOptions,
-                                        std::istream& in) {
-    const NamedJob job = read_job(*options.job, false, in);
+platform::PrintSettings settings_of_job(const std::string& file, const SubmitOptions& options,
+                                        const host::JobOptions& queueOptions, std::istream& in) {
+    const NamedJob job = read_job(file, false, in);
     host::PpdFile ppd = host::queue_ppd(options.queue, InterruptKey::pressed);
     ppd.mark_job_options(queueOptions);
     const auto host = open_pane(std::move(ppd), {}, options.queue, options.language);
@@ -95,7 +95,7 @@ platform::PrintSettings settings_of_job(const SubmitOptions& options, const host
 platform::PrintSettings settings_of(const SubmitOptions& options, const host::JobOptions& queueOptions,
                                     std::istream& in) {
     if (options.job) {
-        return settings_of_job(options, queueOptions, in);
+        return settings_of_job(*options.job, options, queueOptions, in);
     }
     return options.settings ? read_settings(*options.settings, in) : platform::PrintSettings();
 }
@@ -152,7 +152,7 @@ void write_json(const host::CupsJob& job, const std::string& queue, const host::
 /// Waits for the job; Ctrl+C cancels it.
 host::JobStatus watch(host::CupsJob& job, JobProgress& progress) {
     try {
-        const host::JobStatus status =
+        host::JobStatus status =
             job.wait([&](const host::JobStatus& now) { progress.status(job.name(), now); });
         progress.clear();
         return status;

@@ -324,14 +324,14 @@ JobStatus CupsJob::wait(const std::function<void(const JobStatus&)>& changed) {
         if (server_->interrupted()) {
             throw PrintInterrupted();
         }
-        const JobStatus now = status();
+        JobStatus now = status();
         if (changed && last != now) {
             changed(now);
         }
         if (now.rests()) {
             return now;
         }
-        last = now;
+        last = std::move(now);
         pause_for(pause);
         pause = std::min(pause * 2, kLongestPause);
     }

@@ -102,7 +102,7 @@ class SubmitCommand : public SubmitWithoutServer {
                 settings.remove(entry.key);
             }
         }
-        const fs::path out = folder_.path() / "without-records.json";
+        fs::path out = folder_.path() / "without-records.json";
         host::write_settings_file(out, settings);
         return out;
     }

@@ -13,7 +13,6 @@
 namespace specialpages::host {
 namespace {
 
-using test::eventually;
 using test::pdf;
 using test::PrivateCupsd;
 using test::shell;
@@ -140,7 +139,7 @@ int free_port() {
     address.sin_family = AF_INET;
     address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
     socklen_t length = sizeof(address);
-    ::bind(descriptor, reinterpret_cast<const sockaddr*>(&address), length);
+    EXPECT_EQ(::bind(descriptor, reinterpret_cast<const sockaddr*>(&address), length), 0);
     ::getsockname(descriptor, reinterpret_cast<sockaddr*>(&address), &length);
     close(descriptor);
     return ntohs(address.sin_port);

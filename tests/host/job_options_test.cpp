@@ -172,7 +172,7 @@ TEST(JobOptions, OneByteDecides) {
                                         {"d", std::string(bytes, 'x')}}),
                            {});
     };
-    const std::size_t last = kMaxJobOptionBytes - (3 * (32000 + 2 + 1)) - 2;
+    const std::size_t last = kMaxJobOptionBytes - (std::size_t{3} * (32000 + 2 + 1)) - 2;
     EXPECT_EQ(over(last).bytes, kMaxJobOptionBytes);
     const HostError error = error_of([&] { over(last + 1); });
     EXPECT_EQ(exit_code(error.code()), 3);
@@ -192,7 +192,7 @@ TEST(JobOptions, OneByteDecidesOverTheRecords) {
         return job_options(settings, {});
     };
     const std::size_t record = kPaneRecordKey.size() + 4; // "_0=r"
-    const std::size_t last = kMaxJobOptionBytes - (3 * (32000 + 2 + 1)) - 2 - 1 - record;
+    const std::size_t last = kMaxJobOptionBytes - (std::size_t{3} * (32000 + 2 + 1)) - 2 - 1 - record;
     EXPECT_EQ(with_records(last).recordsLeft, 0U);
     EXPECT_EQ(with_records(last).bytes, kMaxJobOptionBytes);
     EXPECT_EQ(with_records(last + 1).recordsLeft, 1U);

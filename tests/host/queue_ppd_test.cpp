@@ -120,9 +120,9 @@ TEST(QueuePpdCache, HasOnePlaceForEachServerAndQueue) {
 TEST(QueuePpdCache, OptionsOfAJobMarkThePpdAsTheServerWill) {
     PpdFile ppd(paths::source_dir() + "/examples/ppd/production.ppd");
     ppd.mark_job_options({{"media", "A3"}, {"nonsense", "x"}, {"PageSize2", "A5"}});
-    EXPECT_EQ(ppd.page_size()->width, 842);
+    EXPECT_EQ(ppd.page_size().value_or(SheetSize{}).width, 842);
     ppd.mark_job_options({{"PageSize", "A5"}});
-    EXPECT_EQ(ppd.page_size()->width, 420);
+    EXPECT_EQ(ppd.page_size().value_or(SheetSize{}).width, 420);
 }
 
 } // namespace
