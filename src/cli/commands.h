@@ -66,6 +66,27 @@ struct MenusOptions {
 /// and, when it is not, which choice forbids it. HostError for a selection that the pane does not allow.
 void menus_command(const MenusOptions& options, Streams streams);
 
+struct SubmitOptions {
+    std::string queue;
+    std::optional<std::string> settings; ///< what the job carries; or
+    std::optional<std::string> job;      ///< what to enter through the dialogs of the queue's pane
+    std::vector<std::string> options;    ///< "NAME=VALUE" of the queue
+    std::optional<std::string> out;      ///< where the settings are written before anything is sent
+    std::string language;
+    std::string document; ///< PDF
+    bool noWait = false;
+    bool json = false;
+};
+/// Hands the document to the queue, the special pages being options of the job, and waits until it is
+/// printed. Writes the job's name when the server has taken it. HostError: input for a document or settings
+/// that a job cannot carry; refused when the pane refuses, or the options are too much; printer when the
+/// queue refuses the job or it fails; other when it was interrupted (SIGINT), the job being canceled.
+void submit_command(const SubmitOptions& options, Streams streams);
+
+/// The settings as arguments for `lp`, in one line. HostError as submit_command for settings that a job
+/// cannot carry.
+void lp_options_command(const std::string& settings, Streams streams);
+
 /// The line protocol, until `quit` or the end of input.
 void drive_command(const PaneOptions& options, Streams streams);
 

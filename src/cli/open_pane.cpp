@@ -57,11 +57,16 @@ std::unique_ptr<host::PrintHost> open_pane(const PaneOptions& options, std::istr
     if (options.settings) {
         settings = read_settings(*options.settings, in);
     }
+    return open_pane(std::move(ppd), std::move(settings), options.printer, options.language);
+}
+
+std::unique_ptr<host::PrintHost> open_pane(host::PpdFile ppd, platform::PrintSettings settings,
+                                           const std::string& printer, const std::string& language) {
     host::PaneModule module(host::find_bundle());
-    if (!options.language.empty()) {
-        module.bundle()->setPreferredLanguages({options.language});
+    if (!language.empty()) {
+        module.bundle()->setPreferredLanguages({language});
     }
-    auto host = std::make_unique<host::PrintHost>(std::move(ppd), std::move(settings), options.printer);
+    auto host = std::make_unique<host::PrintHost>(std::move(ppd), std::move(settings), printer);
     if (!host->openPane(std::move(module))) {
         refuse_without_pane(host->ppd(), host->module());
     }

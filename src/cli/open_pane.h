@@ -26,8 +26,11 @@ platform::PrintSettings read_settings(const std::string& file, std::istream& in)
 
 /// A host with its pane open and not yet restored. HostError: input for a PPD or settings file that cannot be
 /// read, and for a PPD that asks for no pane; usage for a choice that cannot be marked, and when two files
-/// are
-/// "-"; other when the bundle cannot serve the PPD.
+/// are "-"; other when the bundle cannot serve the PPD.
 std::unique_ptr<host::PrintHost> open_pane(const PaneOptions& options, std::istream& in);
+
+/// The same for a PPD and settings that are there already.
+std::unique_ptr<host::PrintHost> open_pane(host::PpdFile ppd, platform::PrintSettings settings,
+                                           const std::string& printer, const std::string& language);
 
 } // namespace specialpages::cli

@@ -128,6 +128,47 @@ void add_menus(CLI::App& app, MenusOptions& options) {
     command.add_flag("--json", options.json, "JSON in place of lines");
 }
 
+void add_submit(CLI::App& app, SubmitOptions& options) {
+    CLI::App& command = *app.add_subcommand(
+        "submit", "Prints a PDF document with special pages through CUPS, and waits until it is printed");
+    command.add_option("--printer", options.queue, "The queue, as lpstat -e names it")
+        ->type_name("QUEUE")
+        ->required();
+    CLI::Option& settings =
+        *command.add_option("--settings", options.settings, kSettingsHelp)->type_name("FILE");
+    command
+        .add_option("--job", options.job,
+                    "Covers, inserts and exceptions to declare in the pane of the queue's PPD, JSON (-: "
+                    "standard input)")
+        ->type_name("JOB")
+        ->excludes(&settings);
+    command
+        .add_option(
+            "--option", options.options,
+            "An option of the queue, as lp -o takes it (media=A4, sides=..., copies=2, choices of the "
+            "PPD); may be given more than once")
+        ->type_name("NAME=VALUE")
+        ->allow_extra_args(false);
+    command.add_option("--out", options.out, "Where the job's settings are kept, written before it is sent")
+        ->type_name("OUT");
+    command.add_option("--lang", options.language, kLanguageHelp)->type_name("LANG");
+    command.add_flag(
+        "--no-wait", options.noWait,
+        "Ends when the server has taken the job, as lp does; without it, the exit code says whether "
+        "the job was printed, and Ctrl+C cancels it");
+    command.add_flag("--json", options.json, "The job as JSON in place of its name, when it has ended");
+    command.add_option("document", options.document, "The document, PDF (-: standard input)")
+        ->type_name("FILE.pdf")
+        ->required();
+}
+
+void add_lp_options(CLI::App& app, std::string& settings) {
+    CLI::App& command = *app.add_subcommand(
+        "lp-options",
+        "Print settings as arguments for lp: eval \"lp $(special-pages lp-options FILE) doc.pdf\"");
+    command.add_option("settings", settings, kSettingsHelp)->type_name("SETTINGS")->required();
+}
+
 void run_parsed(const std::vector<std::string>& arguments, Streams streams, CLI::App& app) {
     app.require_subcommand(0, 1); // none: told below, after arguments that belong to none
     app.fallthrough();
@@ -149,6 +190,10 @@ void run_parsed(const std::vector<std::string>& arguments, Streams streams, CLI:
     add_constraints(app, constraints);
     MenusOptions menus;
     add_menus(app, menus);
+    SubmitOptions submit;
+    add_submit(app, submit);
+    std::string lpSettings;
+    add_lp_options(app, lpSettings);
     PaneOptions drive;
     add_drive(app, drive);
 
@@ -168,6 +213,10 @@ void run_parsed(const std::vector<std::string>& arguments, Streams streams, CLI:
         constraints_command(constraints, streams);
     } else if (app.got_subcommand("menus")) {
         menus_command(menus, streams);
+    } else if (app.got_subcommand("submit")) {
+        submit_command(submit, streams);
+    } else if (app.got_subcommand("lp-options")) {
+        lp_options_command(lpSettings, streams);
     } else if (app.got_subcommand("drive")) {
         drive_command(drive, streams);
     } else {

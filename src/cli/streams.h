@@ -13,6 +13,7 @@ struct Streams {
     std::istream& in;
     std::ostream& out;
     std::ostream& err;
+    bool errIsTerminal = false; ///< somebody watches `err`
 };
 
 /// The name by which a file argument means standard input or output.

@@ -2,6 +2,7 @@
 
 #include "host/HostError.h"
 
+#include <cups/cups.h>
 #include <cups/ppd.h>
 
 #include <array>
@@ -218,6 +219,16 @@ void PpdFile::mark(const std::string& assignment) {
         throw HostError(ErrorCode::usage, assignment, "expected OPTION=CHOICE");
     }
     mark(assignment.substr(0, equals), assignment.substr(equals + 1));
+}
+
+void PpdFile::mark_job_options(const JobOptions& options) {
+    cups_option_t* list = nullptr;
+    int count = 0;
+    for (const JobOption& option : options) {
+        count = cupsAddOption(option.name.c_str(), option.value.c_str(), count, &list);
+    }
+    cupsMarkOptions(ppd_.get(), count, list);
+    cupsFreeOptions(count, list);
 }
 
 std::optional<SheetSize> PpdFile::page_size() const {

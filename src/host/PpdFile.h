@@ -2,6 +2,8 @@
 // functions. Choices are marked here and nowhere else.
 #pragma once
 
+#include "host/job_options.h"
+
 #include <filesystem>
 #include <memory>
 #include <optional>
@@ -39,6 +41,11 @@ class PpdFile {
     void mark(const std::string& option, const std::string& choice);
     /// mark() of a text "OPTION=CHOICE"; HostError (usage) when it is not of that form.
     void mark(const std::string& assignment);
+
+    /// Marks what the options of a job choose, as the print server will: choices of the PPD by their own
+    /// names, and those that go by a name of the server's (media, sides, output-bin). Other options, and
+    /// choices that there are not, mark nothing.
+    void mark_job_options(const JobOptions& options);
 
     /// The sheet of the marked PageSize; empty optional when no size is marked. The choice "Custom" without
     /// measures has the measures that were marked last, none at first.

@@ -127,6 +127,19 @@ std::optional<std::string> read_whole(int descriptor, std::size_t max_bytes, std
     }
 }
 
+/// This program's folder in the one that the variable names, else in that one of the user's home.
+fs::path user_directory(const char* variable, const char* folderOfHome) {
+    // A relative folder in the variable is invalid and counts as none.
+    if (const char* folder = std::getenv(variable); folder != nullptr && *folder == '/') {
+        return fs::path(folder) / "special-pages";
+    }
+    if (const char* home = std::getenv("HOME"); home != nullptr && *home != '\0') {
+        return fs::path(home) / folderOfHome / "special-pages";
+    }
+    const passwd* account = ::getpwuid(::getuid());
+    return fs::path(account != nullptr ? account->pw_dir : "/") / folderOfHome / "special-pages";
+}
+
 } // namespace
 
 std::string write_file_atomically(const fs::path& path, std::string_view bytes) {
@@ -169,15 +182,11 @@ std::optional<std::string> read_file(const fs::path& path, std::string* error, s
 }
 
 fs::path configuration_directory() {
-    // A relative folder in $XDG_CONFIG_HOME is invalid and counts as none.
-    if (const char* folder = std::getenv("XDG_CONFIG_HOME"); folder != nullptr && *folder == '/') {
-        return fs::path(folder) / "special-pages";
-    }
-    if (const char* home = std::getenv("HOME"); home != nullptr && *home != '\0') {
-        return fs::path(home) / ".config" / "special-pages";
-    }
-    const passwd* account = ::getpwuid(::getuid());
-    return fs::path(account != nullptr ? account->pw_dir : "/") / ".config" / "special-pages";
+    return user_directory("XDG_CONFIG_HOME", ".config");
+}
+
+fs::path cache_directory() {
+    return user_directory("XDG_CACHE_HOME", ".cache");
 }
 
 } // namespace specialpages::platform

@@ -27,4 +27,8 @@ read_file(const std::filesystem::path& path, std::string* error = nullptr,
 /// $HOME/.config/special-pages (XDG Base Directory Specification). It is not created here.
 SPECIALPAGES_PLATFORM_API std::filesystem::path configuration_directory();
 
+/// The user's directory for what can be made again: $XDG_CACHE_HOME/special-pages, else
+/// $HOME/.cache/special-pages. It is not created here.
+SPECIALPAGES_PLATFORM_API std::filesystem::path cache_directory();
+
 } // namespace specialpages::platform
