@@ -47,7 +47,8 @@ PopUpWidget::PopUpWidget(QWidget* parent) : QComboBox(parent) {
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
 }
 
-void PopUpWidget::showTitle(const QString& title) {
+void PopUpWidget::showSelection(std::int64_t index, const QString& title) {
+    shownIndex_ = index;
     const QSignalBlocker quiet(this);
     if (count() == 0) {
         addItem(title);
@@ -57,28 +58,46 @@ void PopUpWidget::showTitle(const QString& title) {
     update();
 }
 
+QMenu* PopUpWidget::makeMenu() {
+    auto* const menu = new QMenu(this);
+    auto* const style = new MenuStyle;
+    style->setParent(menu);
+    menu->setStyle(style);
+    if (handlers_.fill) {
+        handlers_.fill(*menu);
+    }
+    return menu;
+}
+
 void PopUpWidget::showPopup() {
-    if (menu_ != nullptr || !handlers_.fill) {
+    if (menu_ != nullptr) {
         return;
     }
-    menu_ = new QMenu(this);
-    auto* const style = new MenuStyle;
-    style->setParent(menu_);
-    menu_->setStyle(style);
+    menu_ = makeMenu();
     menu_->setMinimumWidth(width());
-    handlers_.fill(*menu_);
     QObject::connect(menu_, &QMenu::hovered, menu_, tell_reason);
     QObject::connect(menu_, &QMenu::aboutToHide, this, [menu = menu_, this] {
         QToolTip::hideText();
         menu_ = nullptr;
         menu->deleteLater();
     });
-    for (QAction* const action : menu_->actions()) {
-        if (action->isVisible() && action->isChecked()) {
-            menu_->setActiveAction(action);
-        }
+    QAction* const shown = menu_->actions().value(static_cast<qsizetype>(shownIndex_));
+    if (shown != nullptr && shown->isVisible()) {
+        menu_->setActiveAction(shown);
+        markShown(*shown);
     }
     menu_->popup(mapToGlobal(rect().bottomLeft()));
+}
+
+void PopUpWidget::markShown(QAction& shown) const {
+    // Where one item is chosen of a plain list it has the check mark; a paper menu has marks of its own.
+    const auto actions = menu_->actions();
+    const bool plain = std::none_of(actions.begin(), actions.end(),
+                                    [](const QAction* action) { return action->menu() != nullptr; });
+    if (plain) {
+        shown.setCheckable(true);
+        shown.setChecked(true);
+    }
 }
 
 void PopUpWidget::hidePopup() {

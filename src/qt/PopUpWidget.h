@@ -6,6 +6,7 @@
 #include <QComboBox>
 #include <QMenu>
 #include <QPointer>
+#include <cstdint>
 #include <functional>
 
 namespace specialpages::qt {
@@ -24,9 +25,12 @@ class PopUpWidget : public QComboBox {
     };
     void setHandlers(Handlers handlers) { handlers_ = std::move(handlers); }
 
-    /// The title of the selected item; empty when there is none.
-    void showTitle(const QString& title);
+    /// The selected item: its position among all items (-1: none) and its title.
+    void showSelection(std::int64_t index, const QString& title);
+    std::int64_t shownIndex() const { return shownIndex_; }
 
+    /// A menu as it would open now; owned by this widget until the caller deletes it.
+    QMenu* makeMenu();
     /// The menu while it is open; null otherwise.
     QMenu* openMenu() const { return menu_; }
 
@@ -43,8 +47,10 @@ class PopUpWidget : public QComboBox {
 
   private:
     QSize sizeFor(int textWidth) const;
+    void markShown(QAction& shown) const;
 
     Handlers handlers_;
+    std::int64_t shownIndex_ = -1;
     QPointer<QMenu> menu_;
 };
 

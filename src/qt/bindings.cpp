@@ -176,8 +176,9 @@ class PopUpBinding : public BindingOf<platform::PopUpButton, PopUpWidget> {
             items_ = model_.numberOfItems();
             shown_.updateGeometry();
         }
-        if (title != shown_.currentText()) {
-            shown_.showTitle(title);
+        const std::int64_t index = model_.indexOfSelectedItem();
+        if (title != shown_.currentText() || index != shown_.shownIndex()) {
+            shown_.showSelection(index, title);
             return true;
         }
         return moved;

@@ -11,6 +11,8 @@ namespace specialpages::qt {
 
 namespace {
 
+constexpr const char* kEnabled = "itemEnabled";
+
 void describe(QAction& action, const platform::MenuItem& item) {
     action.setText(literal_label(item.title()));
     action.setCheckable(item.state());
@@ -18,6 +20,7 @@ void describe(QAction& action, const platform::MenuItem& item) {
     action.setEnabled(item.isEnabled());
     action.setVisible(!item.isHidden());
     action.setData(item.tag());
+    action.setProperty(kEnabled, item.isEnabled());
     // Without a text of its own a tool tip would repeat the title.
     action.setToolTip(shown_text(item.toolTip()));
     action.setStatusTip(shown_text(item.toolTip()));
@@ -51,6 +54,10 @@ void fill_menu(QMenu& menu, const platform::Menu& model, const MenuPath& above,
 
 std::int32_t item_tag(const QAction& action) {
     return action.data().toInt();
+}
+
+bool item_enabled(const QAction& action) {
+    return action.property(kEnabled).toBool();
 }
 
 } // namespace specialpages::qt

@@ -24,5 +24,7 @@ void fill_menu(QMenu& menu, const platform::Menu& model, const MenuPath& above,
 
 /// The tag of an item that fill_menu made.
 std::int32_t item_tag(const QAction& action);
+/// Whether the model enables the item: a hidden action is disabled for Qt whatever the model says.
+bool item_enabled(const QAction& action);
 
 } // namespace specialpages::qt

@@ -1,0 +1,45 @@
+// A user's events, sent to windows as the system sends them: a window behind a modal dialog gets none.
+#pragma once
+
+#include <QAction>
+#include <QApplication>
+#include <QMenu>
+#include <QTest>
+#include <QWidget>
+#include <QWindow>
+
+namespace specialpages::qt::testing {
+
+/// Handles what is pending, deferred deletions too.
+inline void settle() {
+    QApplication::processEvents();
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QApplication::processEvents();
+}
+
+inline void click(QWidget& widget, const QPoint& at, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+    QWidget* const window = widget.window();
+    QTest::mouseClick(window->windowHandle(), Qt::LeftButton, modifiers, widget.mapTo(window, at));
+}
+
+inline void click(QWidget& widget) {
+    click(widget, widget.rect().center());
+}
+
+inline void press_key(QWidget& inWindowOf, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+    QTest::keyClick(inWindowOf.window()->windowHandle(), key, modifiers);
+}
+
+/// A point of the window where no control is: a click there leaves the field that is being edited.
+inline QPoint empty_point(QWidget& window) {
+    for (int y = 1; y < window.height(); y += 3) {
+        for (int x = 1; x < window.width(); x += 3) {
+            if (window.childAt(x, y) == nullptr) {
+                return {x, y};
+            }
+        }
+    }
+    return {0, 0};
+}
+
+} // namespace specialpages::qt::testing
