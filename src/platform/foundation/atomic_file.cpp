@@ -189,4 +189,8 @@ fs::path cache_directory() {
     return user_directory("XDG_CACHE_HOME", ".cache");
 }
 
+fs::path state_directory() {
+    return user_directory("XDG_STATE_HOME", ".local/state");
+}
+
 } // namespace specialpages::platform

@@ -31,4 +31,8 @@ SPECIALPAGES_PLATFORM_API std::filesystem::path configuration_directory();
 /// $HOME/.cache/special-pages. It is not created here.
 SPECIALPAGES_PLATFORM_API std::filesystem::path cache_directory();
 
+/// The user's directory for what is kept from one run to the next and is neither configuration nor document:
+/// $XDG_STATE_HOME/special-pages, else $HOME/.local/state/special-pages. It is not created here.
+SPECIALPAGES_PLATFORM_API std::filesystem::path state_directory();
+
 } // namespace specialpages::platform
