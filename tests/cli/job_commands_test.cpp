@@ -153,7 +153,7 @@ TEST_F(JobCommands, TheWindowBehindTabStockIsConfirmed) {
                           "inserts":[{"after":"2","paper":{"type":"TabbedPaper2","size":"Letter"}}],
                           "exceptions":[{"pages":"3","paper":{"type":"TabbedPaper1"}},
                                         {"pages":"4","paper":{"type":"TabbedPaper1","color":"Blue"}}]})"),
-              (Records{"0,0,0,2,0,36,false,1,210.0,297.0,1", "1,2,11,37,0,false,0,1,210.0,297.0,1",
+              (Records{"0,0,0,2,0,36,false,1,210.0,297.0,1", "1,2,0,1,11,0,37,false,210.0,297.0,1",
                        "2,3,2,36,0,false,1,210.0,297.0,1", "2,4,2,36,1,false,1,210.0,297.0,1"}));
 }
 

@@ -1,5 +1,6 @@
 // Opening the exceptions dialog, filling it, and leaving it: what it shows in each situation.
 #include "dialogs/SPAddExceptionWndEMF.h"
+#include "dialogs/SPAdvSeleWndEMF.h"
 #include "dialogs/exceptions_fixture.h"
 #include "paper/SPAddExceptSubMenuListCtrlEMF.h"
 #include "paper/SPTwoSidePrintListCtrlEMF.h"
@@ -62,6 +63,21 @@ TEST_F(ExceptionsDialog, OpensEmptyWithTheDefaultsForTheFirstException) {
         EXPECT_THAT(dialog->getAddExceptPageNumber(), IsEmpty());
     });
     EXPECT_FALSE(dialog->IsActived());
+}
+
+TEST_F(ExceptionsDialog, TheAdvancedWindowBringsItsPaperViewInLine) {
+    open();
+    add([&](User& user) {
+        EXPECT_EQ(user.paperText().find("Blue"), std::string::npos);
+        // No event of the menu follows: the window that changed the paper has to say so.
+        dialog->getAddExceptSelectPaperList()->setSelectedMenuItemIndexByType(3, kBlue);
+        auto* advanced = dynamic_cast<SPAdvSeleWndEMF*>(pane->getAdvSeleWndPtr());
+        ASSERT_NE(advanced, nullptr);
+        advanced->SetSubMenuList(dialog->getAddExceptSelectPaperList());
+        advanced->updateOpenersViews();
+        EXPECT_NE(user.paperText().find("Paper Color: Blue\n"), std::string::npos);
+        user.cancel();
+    });
 }
 
 TEST_F(ExceptionsDialog, ItemsOfTheTwoSideListAreNamedByTheirKeys) {

@@ -152,6 +152,7 @@ TEST_F(CoverPaper, FallsBackToTheFirstAllowedTypeBehindTheHiddenOne) {
     EXPECT_FALSE(front.item(kType, 1).isEnabled());
     EXPECT_EQ(back.chosen().type, 0);
     EXPECT_EQ(front.paper.getCurrentSelections()[2], "TabbedPaper1");
+    EXPECT_EQ(tabStockWindow.openings, 0) << "no user picked it";
     EXPECT_FALSE(front.item(kSize, 4).isEnabled()) << "and tab stock has no custom size";
 }
 

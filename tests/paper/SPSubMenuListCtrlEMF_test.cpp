@@ -336,6 +336,39 @@ TEST_F(PaperMenu, TheCustomSizeOpensItsWindow) {
     EXPECT_EQ(customSizeWindow.openings, 1);
 }
 
+TEST_F(PaperMenu, ATypeOfTabStockOpensTheSmallWindowBesideExceptions) {
+    GivenTabStockWindow large;
+    GivenTabStockWindow small;
+    pane.tabStock = &large;
+    pane.tabStockSub = &small;
+    open(menu);
+    ASSERT_TRUE(pick({kType, 3}));
+    EXPECT_EQ(paper_of(menu).type, 2);
+    EXPECT_EQ(small.openings, 1);
+    ASSERT_TRUE(pick({kType, 2}));
+    EXPECT_EQ(small.openings, 1) << "any other type opens nothing";
+    ASSERT_TRUE(pick({kType, 5}));
+    EXPECT_EQ(small.openings, 2);
+    ASSERT_TRUE(pick({kType, 5}));
+    EXPECT_EQ(small.openings, 3) << "picked again, it can be changed";
+    menu.setSelectedMenuItemIndexByType(4, 2);
+    menu.doControlAction(4003, MenuActionSender::fallback);
+    EXPECT_EQ(paper_of(menu).type, 2);
+    EXPECT_EQ(small.openings, 3) << "only a user's pick does";
+    EXPECT_EQ(large.openings, 0);
+}
+
+TEST_F(PaperMenu, ATypeOfTabStockOpensTheLargeWindowInExceptions) {
+    GivenTabStockWindow large;
+    GivenTabStockWindow small;
+    pane.tabStock = &large;
+    pane.tabStockSub = &small;
+    open(menu, nullptr, std::nullopt, kExceptionsWndType);
+    ASSERT_TRUE(pick({kType, 3}));
+    EXPECT_EQ(large.openings, 1);
+    EXPECT_EQ(small.openings, 0);
+}
+
 TEST_F(PaperMenu, WindowsThatAreNotThereAreNotOpened) {
     open(menu);
     pane.customSize = nullptr;

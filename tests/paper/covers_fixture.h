@@ -106,6 +106,7 @@ class CoversTest : public ::testing::Test {
         pane.SetCurrentPPD(ppd.file());
         pane.SetxppdPtr(compiled->index);
         pane.customSize = &customSizeWindow;
+        pane.tabStockSub = &tabStockWindow;
         pane.records = &records;
         optionView.setTag(spCoversWndCoverOptionListID);
         options.CreateControl(&optionView, &kCoverOptionIniData, &optionRows, nullptr, {}, nullptr, {}, 0);
@@ -143,6 +144,7 @@ class CoversTest : public ::testing::Test {
     std::unique_ptr<CompiledPpd> compiled;
     std::shared_ptr<platform::Bundle> bundle;
     GivenCustomSizeWindow customSizeWindow;
+    GivenTabStockWindow tabStockWindow;
     RecordList records;
     Rows disableRows{{204, 206, 209, 211, 203, 208}, {209, 211, 208}, {204, 206, 203}, {209, 211}, {}};
     Rows updateRows{{206, 204, 211, 209, 203, 208},

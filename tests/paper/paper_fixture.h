@@ -51,6 +51,16 @@ class GivenCustomSizeWindow : public PopupWinInPanelEMFSpecialPages, public Cust
     std::function<void()> onOpen;
 };
 
+/// A tab stock window; it counts how often it was opened.
+class GivenTabStockWindow : public PopupWinInPanelEMFSpecialPages {
+  public:
+    std::int32_t ActivateWindow() override {
+        ++openings;
+        return 0;
+    }
+    int openings = 0;
+};
+
 /// The advanced window likewise; it writes down what it is told.
 class GivenAdvancedWindow : public PopupWinInPanelEMFSpecialPages, public AdvancedPaperWindow {
   public:
@@ -83,6 +93,8 @@ class PaperPane : public BasePrintPanelEMFSpecialPages, public EmptyHub {
     using Window = PopupWinInPanelEMFSpecialPages;
     PaperPane() { CreatePanel(nullptr); }
     SpecialPagesHub* hub() override { return haveHub ? this : nullptr; }
+    Window* getTabStockWndPtr() override { return tabStock; }
+    Window* getTabStockSubWndPtr() override { return tabStockSub; }
     Window* getCustomSizeWndPtr() override { return customSize; }
     Window* getAdvSeleWndPtr() override { return advanced; }
     SPSummaryScrollViewCtrl* getSPSummaryScrollViewCtrlPtr() override { return list; }
@@ -95,6 +107,8 @@ class PaperPane : public BasePrintPanelEMFSpecialPages, public EmptyHub {
     bool haveHub = true;
     Window* customSize = nullptr;
     Window* advanced = nullptr;
+    Window* tabStock = nullptr;
+    Window* tabStockSub = nullptr;
     SPSummaryScrollViewCtrl* list = nullptr;
     int rechecks = 0;
 };
@@ -161,11 +175,11 @@ class PaperMenuTest : public ::testing::Test {
     }
     template <typename Menu>
     void open(Menu& menu, const ConstraintRecord* constraints = nullptr,
-              std::optional<ControlTag> sidedness = std::nullopt) {
+              std::optional<ControlTag> sidedness = std::nullopt, std::int32_t wndType = kInsertsWndType) {
         set_ppd();
         const PaperOptionKeys keys = paper_keys();
         menu.CreateControl(&popup, keys.size.c_str(), keys.color.c_str(), keys.type.c_str(),
-                           &kPaperMenuIniData, constraints, nullptr, {}, kInsertsWndType, sidedness);
+                           &kPaperMenuIniData, constraints, nullptr, {}, wndType, sidedness);
         pane.RunTimeAddNewControl(&menu);
         ASSERT_TRUE(menu.InitializeCtrl(bundle.get(), ppd.file()));
         menu.setTargetandAction();

@@ -103,7 +103,9 @@ TEST(Pictures, OfManyTilesAreRefusedBeforeTheyAreSetUp) {
     const std::string signature("\0\0\0\x0CjP  \r\n\x87\n", 12);
     for (const std::string& rest :
          {std::string(), std::string("\0\0\0\0free........", 16), std::string("\0\0\0\7free........", 16),
-          std::string("\xFF\xFF\xFF\xFFfree........", 16),
+          std::string("\xFF\xFF\xFF\xFF"
+                      "free........",
+                      16),
           std::string("\0\0\0\1free\xFF\xFF\xFF\xFF\xFF\xFF\xFF\xFF", 16),
           std::string("\0\0\0\0jp2c........", 16)}) {
         EXPECT_FALSE(decode_picture(signature + rest));
