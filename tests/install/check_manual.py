@@ -3,6 +3,7 @@
 
     check_manual.py PAGES             the manual pages are well formed (mandoc, groff)
     check_manual.py MENU              desktop file, metainfo and icons are valid
+    check_manual.py PACKAGE           the Debian package asks for every library of the build, and has this version
     check_manual.py HELP PROGRAM...   every subcommand and flag of each program is in its manual page, and is
                                       offered by its completions where the shell can be asked
 
@@ -61,6 +62,20 @@ def check_menu():
     for name in (icon, icon + "-symbolic"):
         root = xml.etree.ElementTree.parse(SHARE / f"icons/{name}.svg").getroot()
         expect(root.tag.endswith("}svg") and root.get("viewBox") is not None, f"{name}: no scalable picture")
+
+
+def check_package():
+    control = (ROOT / "debian/control").read_text(encoding="utf-8").split("\nPackage:")[0]
+    packages = (ROOT / "scripts/packages").read_text(encoding="utf-8").replace("\\\n", " ")
+    groups = dict(re.findall(r'^PACKAGES_(\w+)="(.*)"$', packages, re.M))
+    libraries = groups["LIBRARIES"].split() + groups.get("WINDOW", "").split()
+    for package in libraries:
+        expect(re.search(rf"^ {re.escape(package)}\b", control, re.M) or not re.search("-dev$|-dev:", package),
+               f"debian/control, Build-Depends: {package} is missing")
+    expect(len(libraries) > 5, "scripts/packages names no libraries")
+    version = re.search(r"project\(SpecialPages VERSION (\S+)", (ROOT / "CMakeLists.txt").read_text())[1]
+    newest = (ROOT / "debian/changelog").read_text(encoding="utf-8").splitlines()[0]
+    expect(f"({version}" in newest, f"debian/changelog does not begin with {version}")
 
 
 def help_of(program, *arguments):
@@ -185,6 +200,8 @@ def main(arguments):
         check_pages()
     elif arguments == ["MENU"]:
         check_menu()
+    elif arguments == ["PACKAGE"]:
+        check_package()
     elif len(arguments) > 1 and arguments[0] == "HELP":
         for program in arguments[1:]:
             commands = check_help(program)
