@@ -51,8 +51,11 @@ function(specialpages_bundle)
             LINK_DEPENDS "${CMAKE_SOURCE_DIR}/cmake/module.map"
             INSTALL_RPATH "$ORIGIN/../..")
         add_dependencies(specialpages_bundle specialpages_module)
+        # As a target, so that it does not look for the platform library in the build tree.
+        install(TARGETS specialpages_module
+                LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}/special-pages/SpecialPages.bundle")
     endif()
 
     install(DIRECTORY "${SPECIALPAGES_BUNDLE_DIR}" DESTINATION "${CMAKE_INSTALL_LIBDIR}/special-pages"
-            USE_SOURCE_PERMISSIONS)
+            USE_SOURCE_PERMISSIONS PATTERN "*.so" EXCLUDE)
 endfunction()

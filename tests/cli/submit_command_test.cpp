@@ -217,7 +217,7 @@ TEST_P(SubmitAs, HostileTextsArriveUnchanged) {
     const Shell lp =
         shell("eval \"lp -d prod $(" + program() + " lp-options " + file.string() + ") " + document() + "\"");
     EXPECT_EQ(lp.exit, 0) << lp.out;
-    ASSERT_TRUE(server.waitFor("job-2"));
+    ASSERT_TRUE(server.waitForAll());
     expect_options(server, 2, file);
 }
 
@@ -227,7 +227,7 @@ TEST_P(SubmitAs, LpPrintsWhatLpOptionsWrote) {
     const Shell lp =
         shell("eval \"lp -d prod $(" + program() + " lp-options " + settings + ") " + document() + "\"");
     EXPECT_EQ(lp.exit, 0) << lp.out;
-    ASSERT_TRUE(server.waitFor("job-1"));
+    ASSERT_TRUE(server.waitForAll());
     EXPECT_EQ(server.written("filter.log"), shown(settings));
 }
 

@@ -173,16 +173,21 @@ class PrivateCupsd {
         return all;
     }
     /// How many jobs the server has or had.
-    int jobs() const {
-        cups_job_t* list = nullptr;
-        const int count = cupsGetJobs2(CUPS_HTTP_DEFAULT, &list, nullptr, 0, CUPS_WHICHJOBS_ALL);
-        cupsFreeJobs(count, list);
-        return count;
+    int jobs() const { return countJobs(CUPS_WHICHJOBS_ALL); }
+    /// Waits until every job that the server took has ended.
+    bool waitForAll() const {
+        return eventually([&] { return countJobs(CUPS_WHICHJOBS_ACTIVE) == 0; });
     }
 
   private:
     static constexpr int kIppPort = 631;
 
+    static int countJobs(int which) {
+        cups_job_t* list = nullptr;
+        const int count = cupsGetJobs2(CUPS_HTTP_DEFAULT, &list, nullptr, 0, which);
+        cupsFreeJobs(count, list);
+        return count;
+    }
     bool runs() {
         if (process_ > 0 && waitpid(process_, nullptr, WNOHANG) != 0) {
             process_ = -1;

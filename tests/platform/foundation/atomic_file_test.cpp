@@ -219,5 +219,16 @@ TEST(ConfigurationDirectory, IsAbsoluteWithoutAnyEnvironmentAndIsNotMade) {
     EXPECT_FALSE(fs::exists(configuration_directory()));
 }
 
+TEST(CacheDirectory, FollowsTheBaseDirectories) {
+    const ScopedEnvironment home("HOME", "/home/someone");
+    const ScopedEnvironment configuration("XDG_CONFIG_HOME", "/somewhere/config");
+    {
+        const ScopedEnvironment xdg("XDG_CACHE_HOME", "/somewhere/cache");
+        EXPECT_EQ(cache_directory(), "/somewhere/cache/special-pages");
+    }
+    const ScopedEnvironment xdg("XDG_CACHE_HOME", "relative");
+    EXPECT_EQ(cache_directory(), "/home/someone/.cache/special-pages");
+}
+
 } // namespace
 } // namespace specialpages::platform
