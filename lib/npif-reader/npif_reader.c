@@ -67,7 +67,7 @@ static void read_announced(npif_reader* reader) {
 }
 
 static void list_problems(npif_reader* reader) {
-    reader->problems = npif_take_array(&reader->arena, reader->problem_count, sizeof *reader->problems);
+    reader->problems = npif_take_array(&reader->arena, reader->problem_count, sizeof(void*));
     size_t i = 0;
     for (const npif_problem_node* node = reader->first_problem; node != NULL && reader->problems != NULL;
          node = node->next) {

@@ -7,7 +7,10 @@ static const char* const kTooMany = "expected at most 16384 options";
 static const char* const kZeroByte = "expected no zero byte among the options";
 
 static char lower(char c) {
-    return c >= 'A' && c <= 'Z' ? (char)(c - 'A' + 'a') : c;
+    if (c >= 'A' && c <= 'Z') {
+        return (char)(c - 'A' + 'a');
+    }
+    return c;
 }
 
 static bool same_name(npif_text a, const char* bytes, size_t length) {

@@ -51,7 +51,8 @@ static void say_quoted(sentence* s, npif_text text) {
     say(s, ", found \"");
     for (size_t i = 0; i < text.length && i < kQuotedBytes && s->length < kSentenceBytes; ++i) {
         const unsigned char byte = (unsigned char)text.bytes[i];
-        s->bytes[s->length++] = byte >= 0x20 && byte < 0x7F ? (char)byte : '?';
+        const bool printable = byte >= 0x20 && byte < 0x7F;
+        s->bytes[s->length++] = (char)(printable ? byte : '?');
     }
     say(s, text.length > kQuotedBytes ? "...\"" : "\"");
 }
