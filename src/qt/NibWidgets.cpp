@@ -6,6 +6,7 @@
 #include "qt/FieldWidget.h"
 #include "qt/IconWidget.h"
 #include "qt/PopUpWidget.h"
+#include "qt/ScrollTextWidget.h"
 #include "qt/StepperWidget.h"
 #include "qt/TableWidget.h"
 #include "qt/text.h"
@@ -76,11 +77,12 @@ class Loader : public QUiLoader {
             return new StepperWidget(parent);
         case ViewKind::table:
             return new TableWidget(parent);
+        case ViewKind::scrollText:
+            return new ScrollTextWidget(parent);
         case ViewKind::view:
         case ViewKind::button:
         case ViewKind::radio:
         case ViewKind::staticText:
-        case ViewKind::scrollText:
             return nullptr;
         }
         return nullptr;

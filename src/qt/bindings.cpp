@@ -289,11 +289,7 @@ class StaticTextBinding : public BindingOf<platform::TextField, QLabel> {
 
 class ScrollTextBinding : public BindingOf<platform::TextField, QPlainTextEdit> {
   public:
-    ScrollTextBinding(View& view, QWidget& widget) : BindingOf(view, widget) {
-        shown_.setReadOnly(true);
-        shown_.setTabChangesFocus(true);
-        shown_.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-    }
+    using BindingOf::BindingOf;
 
   protected:
     bool show(ViewChange change) override {

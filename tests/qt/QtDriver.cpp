@@ -107,7 +107,8 @@ void DrivenFace::runEvents(platform::Window& window, const std::function<bool()>
         begins.setSingleShot(true);
         QObject::connect(&begins, &QTimer::timeout, &begins, [run = run_, &stopped] {
             // Keys come to the active window only.
-            EXPECT_TRUE(QTest::qWaitForWindowActive(QApplication::activeModalWidget()));
+            QWidget* const dialog = QApplication::activeModalWidget();
+            EXPECT_TRUE(QTest::qWaitFor([dialog] { return dialog->isActiveWindow(); }));
             run(stopped);
         });
         begins.start(0);
