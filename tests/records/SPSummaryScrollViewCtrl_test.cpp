@@ -1,6 +1,7 @@
 #include "ppd/ppd_builder.h"
 #include "records/SPSummaryScrollViewCtrl.h"
 #include "records/list_fixture.h"
+#include "records/record_ticket.h"
 #include "records/ticket_keys.h"
 
 #include <gmock/gmock.h>
