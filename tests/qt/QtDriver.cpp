@@ -191,7 +191,7 @@ void QtDriver::answer() {
     if (!pending_) {
         return;
     }
-    const Pending done = std::move(*pending_);
+    const PendingRequest done = std::move(*pending_);
     pending_.reset();
     ordered_json line;
     line["ok"] = !done.error;
