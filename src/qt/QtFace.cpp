@@ -11,6 +11,7 @@
 #include <QEventLoop>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
 #include <QWindow>
 
 namespace specialpages::qt {
@@ -38,7 +39,8 @@ void QtFace::runEvents(platform::Window& window, const std::function<bool()>& st
                                          ? QApplication::activeModalWidget()
                                          : dialog->parentWidget()->window();
     dialog->setWindowModality(Qt::ApplicationModal);
-    dialog->adjustSize();
+    // As large as its texts ask for, within the screen.
+    dialog->resize(dialog->sizeHint().boundedTo(dialog->screen()->availableSize()));
     dialog->winId(); // makes its window, which then stands over the one that opened it
     dialog->windowHandle()->setTransientParent(opener->windowHandle());
     dialog->show();

@@ -108,7 +108,7 @@ void DrivenFace::runEvents(platform::Window& window, const std::function<bool()>
         QObject::connect(&begins, &QTimer::timeout, &begins, [run = run_, &stopped] {
             // Keys come to the active window only.
             QWidget* const dialog = QApplication::activeModalWidget();
-            EXPECT_TRUE(QTest::qWaitFor([dialog] { return dialog->isActiveWindow(); }));
+            activate(*dialog);
             run(stopped);
         });
         begins.start(0);
@@ -191,7 +191,7 @@ void QtDriver::answer() {
     if (!pending_) {
         return;
     }
-    const Pending done = std::move(*pending_);
+    const PendingRequest done = std::move(*pending_);
     pending_.reset();
     ordered_json line;
     line["ok"] = !done.error;

@@ -41,6 +41,14 @@ class DrivenFace : public QtFace {
     Run run_;
 };
 
+/// A request that was carried out and not answered yet.
+struct PendingRequest {
+    std::size_t number = 0;
+    nlohmann::ordered_json id = nlohmann::ordered_json::value_t::discarded;
+    nlohmann::ordered_json result = nlohmann::ordered_json::value_t::discarded;
+    std::optional<std::string> error;
+};
+
 class QtDriver {
   public:
     /// Both are borrowed. The pane is shown.
@@ -55,13 +63,6 @@ class QtDriver {
     void atEnd(std::function<void()> look) { look_ = std::move(look); }
 
   private:
-    struct Pending {
-        std::size_t number = 0;
-        nlohmann::ordered_json id = nlohmann::ordered_json::value_t::discarded;
-        nlohmann::ordered_json result = nlohmann::ordered_json::value_t::discarded;
-        std::optional<std::string> error;
-    };
-
     void readRequests(const std::function<bool()>& stopped);
     void handle(const std::string& line);
     void answer();
@@ -86,7 +87,7 @@ class QtDriver {
     std::size_t next_ = 0;
     bool ended_ = false;
     std::function<void()> look_;
-    std::optional<Pending> pending_;
+    std::optional<PendingRequest> pending_;
     std::vector<std::string> answers_;
 };
 

@@ -17,11 +17,19 @@ inline void settle() {
     QApplication::processEvents();
 }
 
+/// Makes the window the active one, as a window manager does; where there is none, Qt is told that it is.
+inline void activate(QWidget& window) {
+    window.activateWindow();
+    if (!QTest::qWaitFor([&] { return window.isActiveWindow(); }, 100)) {
+        QApplication::setActiveWindow(&window);
+    }
+}
+
 inline void click(QWidget& widget, const QPoint& at, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
     QWidget* const window = widget.window();
     const QWidget* const modal = QApplication::activeModalWidget();
     if (!window->isActiveWindow() && (modal == nullptr || modal == window)) {
-        window->activateWindow(); // as a window manager does with the window that is clicked
+        activate(*window);
         settle();
     }
     QTest::mouseClick(window->windowHandle(), Qt::LeftButton, modifiers, widget.mapTo(window, at));

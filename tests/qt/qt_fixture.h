@@ -41,7 +41,8 @@ class QtPaneTest : public ::testing::Test {
         layout->addWidget(&pane_->widget());
         window_->resize(600, 450);
         window_->show();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(window_.get()));
+        activate(*window_);
     }
 
     ~QtPaneTest() override {
