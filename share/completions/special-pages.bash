@@ -49,7 +49,7 @@ _special_pages()
     case $command in
         "") flags+=" --version" ;;
         apply) flags+=" --ppd --settings --job --mark --printer --lang --out" ;;
-        show) flags+=" --ppd --json" ;;
+        show) flags+=" --ppd --lang --json" ;;
         pages) flags+=" --exceptions --front-cover --held --json" ;;
         constraints) flags+=" --ppd --dump --conflicts --write-cache --section" ;;
         menus) flags+=" --ppd --mark --window --select --lang --json" ;;

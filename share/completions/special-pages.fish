@@ -24,7 +24,7 @@ complete -c special-pages -n '__fish_seen_subcommand_from apply submit' -l job -
 complete -c special-pages -n '__fish_seen_subcommand_from apply menus drive preview' -l mark -x -d 'Mark a choice of the PPD'
 complete -c special-pages -n '__fish_seen_subcommand_from apply' -l printer -x -d 'Identifier of the printer'
 complete -c special-pages -n '__fish_seen_subcommand_from submit' -l printer -x -a '(lpstat -e 2>/dev/null)' -d 'The queue'
-complete -c special-pages -n '__fish_seen_subcommand_from apply menus drive submit preview' -l lang -x -a 'de en fr ja' -d 'Language of the texts'
+complete -c special-pages -n '__fish_seen_subcommand_from apply show menus drive submit preview' -l lang -x -a 'de en fr ja' -d 'Language of the texts'
 complete -c special-pages -n '__fish_seen_subcommand_from apply submit preview' -l out -r -F -d 'Where the result goes'
 complete -c special-pages -n '__fish_seen_subcommand_from show pages menus submit' -l json -d 'JSON in place of a table'
 complete -c special-pages -n '__fish_seen_subcommand_from pages' -l exceptions -d 'As in the exceptions dialog'

@@ -109,6 +109,7 @@ class PlanPainter {
 } // namespace
 
 SheetStrip::SheetStrip(QWidget* parent) : QAbstractScrollArea(parent) {
+    setObjectName(QStringLiteral("SheetStrip"));
     install_sheet_strip_accessibility();
     setFocusPolicy(Qt::StrongFocus);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);

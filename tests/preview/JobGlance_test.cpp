@@ -200,10 +200,10 @@ TEST_F(JobGlanceOf, ReadsRowsThatKeepTheirNumbers) {
 TEST_F(JobGlanceOf, SpeaksTheBundlesLanguage) {
     bundle->setPreferredLanguages({"de"});
     EXPECT_EQ(of({blue(insert_after(3, 2))}, 4).cells.at(3).sentence,
-              "Einlegeblatt nach Seite 3, 2 Blätter, A4, Blue, Plain");
+              "Einlegeblatt nach Seite 3, 2 Blatt, A4, Blue, Plain");
     bundle->setPreferredLanguages({"ja"});
     EXPECT_EQ(of({blue(insert_after(3, 2))}, 4).cells.at(3).sentence,
-              "3ページの後に挿入紙、2枚、A4, Blue, Plain");
+              "3ページ目の後の挿入紙、2枚、A4, Blue, Plain");
 }
 
 /// The keys of a language's table, each with how many arguments its text takes.

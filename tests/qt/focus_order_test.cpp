@@ -79,7 +79,11 @@ class FocusOrder : public QtPaneTest {
 TEST_F(FocusOrder, OfThePane) {
     open(host::read_settings_file(kHandbook));
     QtDriver(pane_->widget(), face_).run({R"({"do":"selectRows","tag":104,"rows":[4]})"});
-    compare("SpecialPagesView", tabbed(*window_, pane_->widget(), widget<QWidget>("SPAddCoversButton")));
+    auto order = tabbed(*window_, pane_->widget(), widget<QWidget>("SPAddCoversButton"));
+    ASSERT_FALSE(order.empty());
+    EXPECT_EQ(order.back(), "SheetStrip") << "the window's own addition comes last";
+    order.pop_back();
+    compare("SpecialPagesView", order);
 }
 
 struct Window {
