@@ -5,7 +5,7 @@ function(specialpages_bundle)
     set(resources "${CMAKE_SOURCE_DIR}/resources")
     file(GLOB nibs CONFIGURE_DEPENDS "${resources}/nibs/*.ui")
     file(GLOB_RECURSE plain CONFIGURE_DEPENDS
-         "${resources}/*.lproj/*" "${resources}/Help/*" "${resources}/icons/*.bmp")
+         "${resources}/*.lproj/*" "${resources}/Help/*" "${resources}/icons/*.bmp" "${resources}/icons/*.png")
     set(made "")
 
     configure_file("${resources}/Info.plist.in" "${SPECIALPAGES_BUNDLE_DIR}/Info.plist" @ONLY)

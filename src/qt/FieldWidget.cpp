@@ -3,15 +3,26 @@
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QSignalBlocker>
+#include <utility>
 
 namespace specialpages::qt {
 
 FieldWidget::FieldWidget(QWidget* parent) : QLineEdit(parent) {
     QObject::connect(this, &QLineEdit::textEdited, this, [this](const QString& text) {
-        if (handlers_.edited) {
-            handlers_.edited(text);
-        }
+        use([&] {
+            if (handlers_.edited) {
+                handlers_.edited(text);
+            }
+        });
     });
+}
+
+void FieldWidget::use(const std::function<void()>& handler) {
+    if (handler) {
+        const bool before = std::exchange(inUse_, true);
+        handler();
+        inUse_ = before;
+    }
 }
 
 FieldWidget::Before FieldWidget::now() const {
@@ -47,9 +58,7 @@ bool FieldWidget::event(QEvent* event) {
 
 void FieldWidget::focusInEvent(QFocusEvent* event) {
     QLineEdit::focusInEvent(event);
-    if (handlers_.entered) {
-        handlers_.entered();
-    }
+    use(handlers_.entered);
 }
 
 void FieldWidget::focusOutEvent(QFocusEvent* event) {

@@ -19,6 +19,9 @@ class FieldWidget : public QLineEdit {
     };
     void setHandlers(Handlers handlers) { handlers_ = std::move(handlers); }
 
+    /// Whether one of the handlers runs, so that what happens to the field is the user's own doing.
+    bool isInUse() const { return inUse_; }
+
     /// Shows the text. The one that stood there before the last key brings its cursor and selection back.
     void showText(const QString& text);
 
@@ -37,8 +40,11 @@ class FieldWidget : public QLineEdit {
     };
     Before now() const;
 
+    void use(const std::function<void()>& handler);
+
     Handlers handlers_;
     Before before_;
+    bool inUse_ = false;
 };
 
 } // namespace specialpages::qt

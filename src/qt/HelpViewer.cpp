@@ -51,7 +51,8 @@ HelpViewer::HelpViewer(std::shared_ptr<platform::Bundle> bundle)
     resize(fontMetrics().averageCharWidth() * kColumns, fontMetrics().lineSpacing() * kLines);
 }
 
-bool HelpViewer::open(std::string_view book, std::string_view page, std::string_view anchor, QWidget& asker) {
+bool HelpViewer::showPage(std::string_view book, std::string_view page, std::string_view anchor,
+                          QWidget& asker) {
     const auto file = bundle_->CFBundleCopyResourceURL(page, "", "Help");
     if (!file) {
         return false;

@@ -19,7 +19,7 @@ class HelpViewer : public QDialog {
 
     /// Shows the page (a file of the bundle's Help folder) at the anchor (may be empty), over the window of
     /// `asker` or the modal dialog that is in front. False when the bundle has no such page.
-    bool open(std::string_view book, std::string_view page, std::string_view anchor, QWidget& asker);
+    bool showPage(std::string_view book, std::string_view page, std::string_view anchor, QWidget& asker);
 
     QTextBrowser& browser() { return *browser_; }
 

@@ -17,7 +17,7 @@ void IconWidget::setPicture(const std::filesystem::path& file) {
         size_ = QImageReader(shown_text(file.string())).size();
         std::filesystem::path clear = file;
         clear.replace_extension(".png");
-        // The icon finds the variants for dense screens by itself.
+        // The icon finds the variant for dense screens by itself.
         icon_.addFile(shown_text((std::filesystem::exists(clear) ? clear : file).string()), size_);
     }
     updateGeometry();

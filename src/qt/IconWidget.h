@@ -12,7 +12,7 @@ class IconWidget : public QLabel {
     explicit IconWidget(QWidget* parent);
 
     /// Shows the file; nothing for an empty path or a file that is no picture. Of "Name.bmp" the variants
-    /// "Name.png", "Name@2x.png" and "Name@3x.png" beside it are preferred, which have transparent grounds
+    /// "Name.png" and "Name@2x.png" beside it are preferred, which have transparent grounds
     /// and are sharp on dense screens.
     void setPicture(const std::filesystem::path& file);
     const std::filesystem::path& picture() const { return file_; }

@@ -4,8 +4,20 @@
 #include "platform/toolkit/Window.h"
 #include "qt/FieldWidget.h"
 #include "qt/NibWidgets.h"
+#include "qt/text.h"
+
+#include <QWidget>
 
 namespace specialpages::qt {
+
+namespace {
+
+/// What a label or button says, without the mark of its letter.
+QString spoken_text(const QWidget& widget) {
+    return plain_label(widget.property("text").toString());
+}
+
+} // namespace
 
 Mirror::~Mirror() {
     for (const auto& [window, observer] : focusObservers_) {
@@ -33,18 +45,29 @@ void Mirror::bind(platform::View& view) {
                                   "expected a widget for the view \"" + view.name() + "\"");
         }
         auto binding = make_binding(view, *widget);
-        binding->follow([this](QWidget& touched, platform::ViewChange change) {
+        binding->follow([this, &view](QWidget& touched, platform::ViewChange change) {
+            if (change == platform::ViewChange::text || change == platform::ViewChange::title) {
+                nameAfter(view.name());
+            }
             if (touched_) {
                 touched_(touched, change);
             }
         });
         bindings_.emplace(&view, std::move(binding));
+        nameAfter(view.name());
         if (auto* const window = dynamic_cast<platform::Window*>(&view)) {
             followFocus(*window);
         }
     }
     for (const auto& subview : view.subviews()) {
         bind(*subview);
+    }
+}
+
+void Mirror::nameAfter(const std::string& label) {
+    const QWidget* const source = nib_.find(label);
+    for (QWidget* const named : nib_.namedAfter(label)) {
+        named->setAccessibleName(spoken_text(*source));
     }
 }
 
@@ -56,11 +79,18 @@ QWidget* Mirror::widgetOf(const platform::View& view) const {
 void Mirror::showFocus(const platform::Window& window) const {
     const platform::View* const first = window.firstResponder();
     QWidget* const widget = first == nullptr ? nullptr : widgetOf(*first);
-    if (widget == nullptr || widget->hasFocus()) {
+    if (widget == nullptr) {
         return;
     }
-    widget->setFocus(Qt::OtherFocusReason);
-    if (auto* const field = dynamic_cast<FieldWidget*>(widget)) {
+    auto* const field = dynamic_cast<FieldWidget*>(widget);
+    if (field != nullptr && field->isInUse()) {
+        return; // the user is in it already
+    }
+    // The window's own focus, which it keeps while another window is the active one.
+    if (widget->window()->focusWidget() != widget) {
+        widget->setFocus(Qt::OtherFocusReason);
+    }
+    if (field != nullptr) {
         field->selectAll();
     }
 }

@@ -6,6 +6,7 @@
 
 #include <map>
 #include <memory>
+#include <string>
 
 namespace specialpages::platform {
 class Window;
@@ -23,7 +24,8 @@ class Mirror {
     Mirror(const Mirror&) = delete;
     Mirror& operator=(const Mirror&) = delete;
 
-    /// Binds the view and all below it, and shows how they stand; nothing for a view that is bound. The views
+    /// Binds the view and all below it, and shows how they stand; nothing for a view that is bound. A widget
+    /// whose nib says `nameFrom` bears the text of the label of that name for assistive tools. The views
     /// outlive the mirror. HostError (other) for a view with a name that has no widget; views without one
     /// (made in code) are not shown.
     void bind(platform::View& view);
@@ -41,6 +43,8 @@ class Mirror {
     void setTouchObserver(TouchObserver observer) { touched_ = std::move(observer); }
 
   private:
+    void nameAfter(const std::string& label);
+
     const NibWidgets& nib_;
     TouchObserver touched_;
     std::map<const platform::View*, std::unique_ptr<ViewBinding>> bindings_;

@@ -6,6 +6,7 @@
 #include "qt/FieldWidget.h"
 #include "qt/IconWidget.h"
 #include "qt/PopUpWidget.h"
+#include "qt/ScrollTextWidget.h"
 #include "qt/StepperWidget.h"
 #include "qt/TableWidget.h"
 #include "qt/text.h"
@@ -76,11 +77,12 @@ class Loader : public QUiLoader {
             return new StepperWidget(parent);
         case ViewKind::table:
             return new TableWidget(parent);
+        case ViewKind::scrollText:
+            return new ScrollTextWidget(parent);
         case ViewKind::view:
         case ViewKind::button:
         case ViewKind::radio:
         case ViewKind::staticText:
-        case ViewKind::scrollText:
             return nullptr;
         }
         return nullptr;
@@ -156,6 +158,11 @@ void NibWidgets::load(const std::string& xml, QWidget& parent) {
         refuse(file_, "expected widgets: " + model_text(loader.errorString()));
     }
     check(*nib);
+    for (const auto& [label, widgets] : namedAfter_) {
+        if (find(label) == nullptr) {
+            refuse(file_, "expected a widget \"" + label + "\", after which others are named");
+        }
+    }
     orderTabStops();
 }
 
@@ -168,6 +175,10 @@ void NibWidgets::check(const NibElement& element) {
                               (widget == nullptr ? "none" : widget->metaObject()->className()));
         }
         widgets_[element.name] = widget;
+        const std::string label = model_text(widget->property("nameFrom").toString());
+        if (!label.empty()) {
+            namedAfter_[label].push_back(widget);
+        }
     }
     for (const NibElement& child : element.children) {
         check(child);
@@ -191,6 +202,12 @@ void NibWidgets::orderTabStops() const {
 QWidget* NibWidgets::find(const std::string& name) const {
     const auto found = widgets_.find(name);
     return found == widgets_.end() ? nullptr : found->second;
+}
+
+const std::vector<QWidget*>& NibWidgets::namedAfter(const std::string& label) const {
+    static const std::vector<QWidget*> none;
+    const auto found = namedAfter_.find(label);
+    return found == namedAfter_.end() ? none : found->second;
 }
 
 } // namespace specialpages::qt

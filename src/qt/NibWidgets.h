@@ -26,6 +26,8 @@ class NibWidgets {
     QWidget& root() const { return *root_; }
     /// The widget of that name, borrowed; null when the nib has none.
     QWidget* find(const std::string& name) const;
+    /// The widgets whose `nameFrom` in the nib is that name.
+    const std::vector<QWidget*>& namedAfter(const std::string& label) const;
     /// The nib's tab stops, in their order.
     const std::vector<std::string>& tabStops() const { return tabStops_; }
 
@@ -37,6 +39,7 @@ class NibWidgets {
     std::string file_;
     QWidget* root_ = nullptr;
     std::map<std::string, QWidget*> widgets_;
+    std::map<std::string, std::vector<QWidget*>> namedAfter_;
     std::vector<std::string> tabStops_;
 };
 

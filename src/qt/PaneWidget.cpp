@@ -4,7 +4,6 @@
 #include "platform/services/help_viewer.h"
 #include "platform/toolkit/Application.h"
 #include "qt/DialogWidget.h"
-#include "qt/HelpViewer.h"
 #include "qt/QtFace.h"
 #include "qt/TableWidget.h"
 #include "qt/text.h"
@@ -31,15 +30,20 @@ platform::View& view_of(host::PrintHost& host) {
 void add_key(QAbstractButton& button, const QString& key, QWidget& place, Qt::ShortcutContext context) {
     auto* const shortcut = new QShortcut(QKeySequence(key, QKeySequence::PortableText), &place);
     shortcut->setContext(context);
-    // Through the button, so that what the pane does not allow now is not done.
-    QObject::connect(shortcut, &QShortcut::activated, &button, &QAbstractButton::click);
+    const QString words = shortcut->key().toString(QKeySequence::NativeText);
+    if (button.toolTip().isEmpty()) {
+        button.setToolTip(words);
+    }
+    button.setAccessibleDescription(words);
+    // Through the button, so that what the pane does not allow now is not done; and when the key is done
+    // with, since a click may run a whole dialog, whose keys are not to meet a half-finished shortcut.
+    QObject::connect(shortcut, &QShortcut::activated, &button, &QAbstractButton::click, Qt::QueuedConnection);
 }
 
 } // namespace
 
 PaneWidget::PaneWidget(host::PrintHost& host, QtFace& face, QWidget* parent)
-    : QWidget(parent), host_(host), face_(face), nib_(view_of(host).nibFile(), *this), mirror_(nib_),
-      help_(std::make_unique<HelpViewer>(host.module().bundle())) {
+    : QWidget(parent), host_(host), face_(face), nib_(view_of(host).nibFile(), *this), mirror_(nib_) {
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(&nib_.root());
@@ -50,6 +54,7 @@ PaneWidget::PaneWidget(host::PrintHost& host, QtFace& face, QWidget* parent)
 }
 
 PaneWidget::~PaneWidget() {
+    delete help_;
     if (face_.pane() == this) {
         face_.setPane(nullptr);
         platform::setHelpOpener(nullptr);
@@ -60,8 +65,15 @@ void PaneWidget::activate() {
     platform::Application::shared().setMainWindow(&host_.window());
     face_.setPane(this);
     platform::setHelpOpener([this](std::string_view book, std::string_view page, std::string_view anchor) {
-        return help_->open(book, page, anchor, *this) ? platform::noErr : platform::fnfErr;
+        return openHelp(book, page, anchor) ? platform::noErr : platform::fnfErr;
     });
+}
+
+bool PaneWidget::openHelp(std::string_view book, std::string_view page, std::string_view anchor) {
+    if (help_ == nullptr) {
+        help_ = new HelpViewer(host_.module().bundle());
+    }
+    return help_->showPage(book, page, anchor, *this);
 }
 
 DialogWidget* PaneWidget::widgetsOf(platform::Window& window) {

@@ -3,16 +3,17 @@
 #pragma once
 
 #include "host/PrintHost.h"
+#include "qt/HelpViewer.h"
 #include "qt/Mirror.h"
 #include "qt/NibWidgets.h"
 #include "qt/WindowWidgets.h"
 
+#include <QPointer>
 #include <QWidget>
 #include <memory>
 
 namespace specialpages::qt {
 
-class HelpViewer;
 class QtFace;
 
 class PaneWidget : public QWidget, public WindowWidgets {
@@ -30,20 +31,21 @@ class PaneWidget : public QWidget, public WindowWidgets {
     host::PrintHost& host() const { return host_; }
     Mirror& mirror() { return mirror_; }
     const NibWidgets& nib() const { return nib_; }
-    /// The viewer that the pane's help opens in.
-    HelpViewer& help() { return *help_; }
+    /// The viewer that the pane's help opens in; null until it was opened once.
+    HelpViewer* help() const { return help_; }
 
     DialogWidget* widgetsOf(platform::Window& window) override;
     void showFocus(const platform::Window& window) override { mirror_.showFocus(window); }
 
   private:
     void makeKeys();
+    bool openHelp(std::string_view book, std::string_view page, std::string_view anchor);
 
     host::PrintHost& host_;
     QtFace& face_;
     NibWidgets nib_;
     Mirror mirror_;
-    std::unique_ptr<HelpViewer> help_;
+    QPointer<HelpViewer> help_; ///< its parent is the window that asked last, and may take it along
 };
 
 } // namespace specialpages::qt

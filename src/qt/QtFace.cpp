@@ -3,6 +3,7 @@
 #include "platform/toolkit/Window.h"
 #include "qt/DialogWidget.h"
 #include "qt/WindowWidgets.h"
+#include "qt/accessibility.h"
 #include "qt/text.h"
 
 #include <QAbstractEventDispatcher>
@@ -14,7 +15,9 @@
 
 namespace specialpages::qt {
 
-QtFace::QtFace() : before_(platform::Application::shared().setFace(this)) {}
+QtFace::QtFace() : before_(platform::Application::shared().setFace(this)) {
+    install_accessibility();
+}
 
 QtFace::~QtFace() {
     platform::Application::shared().setFace(before_);
@@ -31,12 +34,13 @@ void QtFace::runEvents(platform::Window& window, const std::function<bool()>& st
     if (dialog == nullptr) {
         return;
     }
-    QWidget* const over = QApplication::activeModalWidget() != nullptr ? QApplication::activeModalWidget()
-                                                                       : dialog->parentWidget()->window();
+    const QPointer<QWidget> opener = QApplication::activeModalWidget() != nullptr
+                                         ? QApplication::activeModalWidget()
+                                         : dialog->parentWidget()->window();
     dialog->setWindowModality(Qt::ApplicationModal);
     dialog->adjustSize();
     dialog->winId(); // makes its window, which then stands over the one that opened it
-    dialog->windowHandle()->setTransientParent(over->windowHandle());
+    dialog->windowHandle()->setTransientParent(opener->windowHandle());
     dialog->show();
     dialog->activateWindow();
     pane_->showFocus(window);
@@ -58,11 +62,17 @@ void QtFace::runEvents(platform::Window& window, const std::function<bool()>& st
     if (dialog != nullptr && stopped()) {
         dialog->hide();
     }
+    if (opener != nullptr) {
+        opener->activateWindow();
+    }
 }
 
 void QtFace::showAlert(const platform::Alert& alert) {
+    const QPointer<QWidget> over = QApplication::activeModalWidget() != nullptr
+                                       ? QApplication::activeModalWidget()
+                                       : QApplication::activeWindow();
     QMessageBox box(QMessageBox::Warning, QString(), shown_text(alert.messageText), QMessageBox::NoButton,
-                    QApplication::activeWindow());
+                    over);
     if (alert.messageText.empty()) {
         box.setText(shown_text(alert.informativeText));
     } else {
@@ -75,6 +85,9 @@ void QtFace::showAlert(const platform::Alert& alert) {
     box.setDefaultButton(button);
     box.setEscapeButton(button);
     box.exec();
+    if (over != nullptr) {
+        over->activateWindow();
+    }
 }
 
 void QtFace::beep() {

@@ -157,7 +157,7 @@ class PopUpBinding : public BindingOf<platform::PopUpButton, PopUpWidget> {
         shown_.setHandlers({[this] { return titles(); },
                             [this](QMenu& menu) {
                                 fill_menu(menu, model_.menu(), {},
-                                          [this](const MenuPath& path) { model_.pick(path); });
+                                          [this](const MenuPath& path) { pickLater(path); });
                             },
                             [this](int direction) {
                                 return step(direction);
@@ -194,6 +194,12 @@ class PopUpBinding : public BindingOf<platform::PopUpButton, PopUpWidget> {
         return titles;
     }
 
+    /// When the menu is done with: a pick may run a whole dialog, and the menu does not outlive its closing.
+    void pickLater(const MenuPath& path) {
+        QMetaObject::invokeMethod(
+            &receiver_, [this, path] { model_.pick(path); }, Qt::QueuedConnection);
+    }
+
     bool step(int direction) {
         for (std::int64_t i = 0; i < model_.numberOfItems(); ++i) {
             if (model_.menu().itemAtIndex(i)->submenu() != nullptr) {
@@ -209,6 +215,7 @@ class PopUpBinding : public BindingOf<platform::PopUpButton, PopUpWidget> {
         return true;
     }
 
+    QObject receiver_;        ///< drops what is still to be picked when the binding ends
     std::int64_t items_ = -1; ///< how many the widget's width was asked for
 };
 
@@ -282,11 +289,7 @@ class StaticTextBinding : public BindingOf<platform::TextField, QLabel> {
 
 class ScrollTextBinding : public BindingOf<platform::TextField, QPlainTextEdit> {
   public:
-    ScrollTextBinding(View& view, QWidget& widget) : BindingOf(view, widget) {
-        shown_.setReadOnly(true);
-        shown_.setTabChangesFocus(true);
-        shown_.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-    }
+    using BindingOf::BindingOf;
 
   protected:
     bool show(ViewChange change) override {

@@ -21,4 +21,16 @@ inline QString literal_label(std::string_view text) {
     return shown_text(text).replace(u'&', QLatin1String("&&"));
 }
 
+/// What such a text says: the mark of its letter taken away.
+inline QString plain_label(const QString& label) {
+    QString plain;
+    for (qsizetype i = 0; i < label.size(); ++i) {
+        if (label[i] == u'&' && i + 1 < label.size()) {
+            ++i;
+        }
+        plain += label[i];
+    }
+    return plain;
+}
+
 } // namespace specialpages::qt

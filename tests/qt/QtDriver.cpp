@@ -19,7 +19,6 @@
 #include <QStyleOptionSpinBox>
 #include <QTextBoundaryFinder>
 #include <QTimer>
-
 #include <array>
 
 namespace specialpages::qt::testing {
@@ -77,14 +76,6 @@ void check_path(QWidget& popup, const QMenu& top, const std::vector<std::int32_t
     }
 }
 
-/// Moves in an open menu with the arrow keys until the item is the active one.
-bool go_to(QMenu& menu, const QAction& item) {
-    for (qsizetype i = 0; i <= menu.actions().size() && menu.activeAction() != &item; ++i) {
-        QTest::keyClick(menu.windowHandle(), Qt::Key_Down);
-    }
-    return menu.activeAction() == &item;
-}
-
 std::vector<QString> composed_characters(const QString& text) {
     std::vector<QString> characters;
     QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text);
@@ -97,7 +88,8 @@ std::vector<QString> composed_characters(const QString& text) {
 }
 
 void type_character(QWidget& field, const QString& character) {
-    const bool oneKey = character.size() == 1 && character[0].unicode() >= 0x20 && character[0].unicode() < 0x7F;
+    const bool oneKey =
+        character.size() == 1 && character[0].unicode() >= 0x20 && character[0].unicode() < 0x7F;
     if (oneKey) {
         QTest::keyClick(field.window()->windowHandle(), character[0].toLatin1());
     } else {
@@ -110,8 +102,16 @@ void type_character(QWidget& field, const QString& character) {
 } // namespace
 
 void DrivenFace::runEvents(platform::Window& window, const std::function<bool()>& stopped) {
+    QTimer begins; // ends with the run, if the run ends before it begins
     if (run_) {
-        QTimer::singleShot(0, qApp, [run = run_, &stopped] { run(stopped); });
+        begins.setSingleShot(true);
+        QObject::connect(&begins, &QTimer::timeout, &begins, [run = run_, &stopped] {
+            // Keys come to the active window only.
+            QWidget* const dialog = QApplication::activeModalWidget();
+            EXPECT_TRUE(QTest::qWaitFor([dialog] { return dialog->isActiveWindow(); }));
+            run(stopped);
+        });
+        begins.start(0);
     }
     QtFace::runEvents(window, stopped);
 }
@@ -150,6 +150,9 @@ std::vector<std::string> QtDriver::run(const std::vector<std::string>& requests)
 void QtDriver::readRequests(const std::function<bool()>& stopped) {
     while (!ended_ && !stopped()) {
         if (next_ == requests_->size()) {
+            if (const auto look = std::exchange(look_, nullptr)) {
+                look();
+            }
             ended_ = true;
             return;
         }
@@ -335,15 +338,14 @@ void QtDriver::step(QWidget& widget, std::int32_t value) {
     option.subControls = QStyle::SC_All;
     const auto arrow = [&](bool up) {
         return stepper.style()
-            ->subControlRect(QStyle::CC_SpinBox, &option,
-                             up ? QStyle::SC_SpinBoxUp : QStyle::SC_SpinBoxDown, &stepper)
+            ->subControlRect(QStyle::CC_SpinBox, &option, up ? QStyle::SC_SpinBoxUp : QStyle::SC_SpinBoxDown,
+                             &stepper)
             .center();
     };
     if (held == stepper.value()) {
-        // One step there and back; at an end of the range one against it.
-        const bool atTop = held == stepper.maximum();
-        click(stepper, arrow(true));
-        if (!atTop) {
+        // At an end of the range one step against it, elsewhere one there and back.
+        click(stepper, arrow(held != stepper.minimum()));
+        if (held != stepper.minimum() && held != stepper.maximum()) {
             click(stepper, arrow(false));
         }
         return;

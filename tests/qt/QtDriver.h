@@ -1,6 +1,6 @@
-// Answers the line protocol's requests by real events at real widgets: clicks in windows, keys, menus. What it
-// answers is read from the widgets, so that an answer equals the headless session's only when the widgets are
-// in line with the model and take the same events.
+// Answers the line protocol's requests by real events at real widgets: clicks in windows, keys, menus. What
+// it answers is read from the widgets, so that an answer equals the headless session's only when the widgets
+// are in line with the model and take the same events.
 #pragma once
 
 #include "cli/DriveRequest.h"
@@ -51,6 +51,8 @@ class QtDriver {
 
     /// The answers, one to a request. Dialogs that are open at the end are cancelled.
     std::vector<std::string> run(const std::vector<std::string>& requests);
+    /// Called once after the last request, inside the dialog that is then open.
+    void atEnd(std::function<void()> look) { look_ = std::move(look); }
 
   private:
     struct Pending {
@@ -83,6 +85,7 @@ class QtDriver {
     const std::vector<std::string>* requests_ = nullptr;
     std::size_t next_ = 0;
     bool ended_ = false;
+    std::function<void()> look_;
     std::optional<Pending> pending_;
     std::vector<std::string> answers_;
 };

@@ -23,7 +23,19 @@ std::string press(int tag) {
 
 class BothFaces : public QtPaneTest {
   protected:
-    /// Runs the script in both faces, the state being asked after each request, and compares answer by answer.
+    /// The requests before that one, without those for the state.
+    static std::string history(const Lines& requests, std::size_t end) {
+        std::string text = "\nafter";
+        for (std::size_t i = 0; i < end; ++i) {
+            if (requests[i] != kState) {
+                text += "\n" + requests[i];
+            }
+        }
+        return text;
+    }
+
+    /// Runs the script in both faces, the state being asked after each request, and compares answer by
+    /// answer.
     void compare(const Lines& script, const std::string& settings = "") {
         Lines requests;
         for (const std::string& request : script) {
@@ -44,7 +56,7 @@ class BothFaces : public QtPaneTest {
             const auto wanted = nlohmann::json::parse(expected[i]);
             const auto shown = nlohmann::json::parse(found[i]);
             ASSERT_EQ(nlohmann::json::diff(wanted, shown), nlohmann::json::array())
-                << "request " << i << ": " << requests[i] << "\nbefore it: " << (i == 0 ? "" : requests[i - 1]);
+                << "request " << i << ": " << requests[i] << history(requests, i);
         }
     }
 };
@@ -52,7 +64,8 @@ class BothFaces : public QtPaneTest {
 TEST_F(BothFaces, ThePaneWithRecordsShowsTheSame) {
     compare({kRestore, kWillShow, R"({"do":"selectRows","tag":104,"rows":[0,2]})",
              R"({"do":"selectRows","tag":104,"rows":[3]})", R"({"do":"selectRows","tag":104,"rows":[]})",
-             R"({"do":"selectRows","tag":104,"rows":[99]})", R"({"do":"host","call":"shouldPrint"})", kSettings},
+             R"({"do":"selectRows","tag":104,"rows":[99]})", R"({"do":"host","call":"shouldPrint"})",
+             kSettings},
             kHandbook);
 }
 
@@ -61,10 +74,11 @@ std::string type(int tag, const std::string& text) {
 }
 
 TEST_F(BothFaces, InsertsAreAddedEditedAndSaved) {
-    compare({kRestore, press(101), type(3207, "3, 7-8"), type(3204, "2"), R"({"do":"step","tag":3205,"value":3})",
-             R"({"do":"choose","tag":3210,"menu":3,"item":2})", press(3216),
-             R"({"do":"selectRows","tag":104,"rows":[0]})", press(105),
-             R"({"do":"choose","tag":3202,"item":1})", press(3216), R"({"do":"host","call":"save"})", kSettings});
+    compare({kRestore, press(101), type(3207, "3, 7-8"), type(3204, "2"),
+             R"({"do":"step","tag":3205,"value":3})", R"({"do":"choose","tag":3210,"menu":3,"item":2})",
+             press(3216), R"({"do":"selectRows","tag":104,"rows":[0]})", press(105),
+             R"({"do":"choose","tag":3202,"item":1})", press(3216), R"({"do":"host","call":"save"})",
+             kSettings});
 }
 
 TEST_F(BothFaces, RefusalsAlertAndBeepAlike) {
@@ -82,7 +96,8 @@ TEST_F(BothFaces, WhatTakesNoEventsSaysWhy) {
 
 TEST_F(BothFaces, CoversWithEveryOption) {
     compare({kRestore, press(100), R"({"do":"choose","tag":201,"item":4})",
-             R"({"do":"choose","tag":204,"menu":2,"item":3})", R"({"do":"choose","tag":204,"menu":4,"item":2})",
+             R"({"do":"choose","tag":204,"menu":2,"item":3})",
+             R"({"do":"choose","tag":204,"menu":4,"item":2})",
              R"({"do":"choose","tag":209,"menu":3,"item":1})", R"({"do":"choose","tag":206,"item":2})",
              R"({"do":"choose","tag":201,"item":1})", R"({"do":"choose","tag":201,"item":0})", press(215),
              R"({"do":"choose","tag":201,"item":3})", press(217), R"({"do":"doubleClick","tag":104})",
@@ -91,10 +106,11 @@ TEST_F(BothFaces, CoversWithEveryOption) {
 }
 
 TEST_F(BothFaces, ExceptionsAreRefusedAndAdded) {
-    compare({kRestore, press(102), press(315), type(311, "5-7x"), R"({"do":"choose","tag":312,"menu":3,"item":2})",
-             R"({"do":"choose","tag":314,"item":3})", R"({"do":"choose","tag":314,"item":0})",
-             R"({"do":"choose","tag":312,"menu":4,"item":2})", R"({"do":"choose","tag":314,"item":2})", press(315),
-             press(102), type(311, "1,1,2"), press(315), press(316)});
+    compare({kRestore, press(102), press(315), type(311, "5-7x"),
+             R"({"do":"choose","tag":312,"menu":3,"item":2})", R"({"do":"choose","tag":314,"item":3})",
+             R"({"do":"choose","tag":314,"item":0})", R"({"do":"choose","tag":312,"menu":4,"item":2})",
+             R"({"do":"choose","tag":314,"item":2})", press(315), press(102), type(311, "1,1,2"), press(315),
+             press(316)});
 }
 
 TEST_F(BothFaces, WindowsOpenOnWindows) {
@@ -105,11 +121,11 @@ TEST_F(BothFaces, WindowsOpenOnWindows) {
 }
 
 TEST_F(BothFaces, TheListIsMovedDeletedAndUndone) {
-    compare({kRestore, R"({"do":"selectRows","tag":104,"rows":[4]})", press(109), press(110), press(106), press(805),
-             press(106), press(804), press(108), press(107), press(804), press(108),
+    compare({kRestore, R"({"do":"selectRows","tag":104,"rows":[4]})", press(109), press(110), press(106),
+             press(805), press(106), press(804), press(108), press(107), press(804), press(108),
              R"({"do":"selectRows","tag":104,"rows":[2,3]})", R"({"do":"doubleClick","tag":104})",
-             R"({"do":"selectRows","tag":104,"rows":[2]})", R"({"do":"doubleClick","tag":104})", type(311, "8-9"),
-             press(315), kSettings},
+             R"({"do":"selectRows","tag":104,"rows":[2]})", R"({"do":"doubleClick","tag":104})",
+             type(311, "8-9"), press(315), kSettings},
             kHandbook);
 }
 

@@ -19,6 +19,11 @@ inline void settle() {
 
 inline void click(QWidget& widget, const QPoint& at, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
     QWidget* const window = widget.window();
+    const QWidget* const modal = QApplication::activeModalWidget();
+    if (!window->isActiveWindow() && (modal == nullptr || modal == window)) {
+        window->activateWindow(); // as a window manager does with the window that is clicked
+        settle();
+    }
     QTest::mouseClick(window->windowHandle(), Qt::LeftButton, modifiers, widget.mapTo(window, at));
 }
 
@@ -28,6 +33,15 @@ inline void click(QWidget& widget) {
 
 inline void press_key(QWidget& inWindowOf, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
     QTest::keyClick(inWindowOf.window()->windowHandle(), key, modifiers);
+    QApplication::processEvents(); // what the key has put off
+}
+
+/// Moves in an open menu with the arrow keys until the item is the active one.
+inline bool go_to(QMenu& menu, const QAction& item) {
+    for (qsizetype i = 0; i <= menu.actions().size() && menu.activeAction() != &item; ++i) {
+        QTest::keyClick(menu.windowHandle(), Qt::Key_Down);
+    }
+    return menu.activeAction() == &item;
 }
 
 /// A point of the window where no control is: a click there leaves the field that is being edited.

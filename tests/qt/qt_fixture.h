@@ -14,7 +14,6 @@
 
 #include <QDialog>
 #include <QVBoxLayout>
-
 #include <memory>
 #include <sstream>
 #include <string>

@@ -7,7 +7,6 @@
 #include <QApplication>
 #include <QFont>
 #include <QStyleFactory>
-
 #include <clocale>
 #include <cstdio>
 #include <cstdlib>

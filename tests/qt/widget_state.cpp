@@ -6,13 +6,13 @@
 #include "qt/StepperWidget.h"
 #include "qt/TableWidget.h"
 #include "qt/menus.h"
+#include "qt/text.h"
 
 #include <QAbstractButton>
 #include <QLabel>
 #include <QMenu>
 #include <QPlainTextEdit>
 #include <QRadioButton>
-
 #include <map>
 #include <memory>
 
@@ -39,7 +39,7 @@ void collect(QWidget& widget, std::map<std::int32_t, QWidget*>& found) {
 ordered_json items_of(const QMenu& menu) {
     ordered_json items = ordered_json::array();
     for (const QAction* const action : menu.actions()) {
-        ordered_json item{{"title", plain_label(action->text())},
+        ordered_json item{{"title", plain_label(action->text()).toStdString()},
                           {"enabled", action->isVisible() ? action->isEnabled() : item_enabled(*action)},
                           {"hidden", !action->isVisible()},
                           {"tag", item_tag(*action)}};
@@ -76,7 +76,7 @@ void add_table(ordered_json& state, const TableWidget& table) {
 
 void add_kind(ordered_json& state, QWidget& widget) {
     if (auto* const button = qobject_cast<QAbstractButton*>(&widget)) {
-        state["title"] = plain_label(button->text());
+        state["title"] = plain_label(button->text()).toStdString();
         state["value"] = button->isChecked() ? 1 : 0;
     } else if (auto* const popup = dynamic_cast<PopUpWidget*>(&widget)) {
         state["value"] = popup->shownIndex();
@@ -94,22 +94,12 @@ void add_kind(ordered_json& state, QWidget& widget) {
         add_table(state, *table);
     } else if (auto* const label = qobject_cast<QLabel*>(&widget);
                label != nullptr && dynamic_cast<IconWidget*>(&widget) == nullptr) {
-        state["text"] = label->buddy() != nullptr ? plain_label(label->text()) : label->text().toStdString();
+        state["text"] = label->buddy() != nullptr ? plain_label(label->text()).toStdString()
+                                                  : label->text().toStdString();
     }
 }
 
 } // namespace
-
-std::string plain_label(const QString& text) {
-    QString plain;
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        if (text[i] == u'&' && i + 1 < text.size()) {
-            ++i;
-        }
-        plain += text[i];
-    }
-    return plain.toStdString();
-}
 
 std::string class_of(QWidget& widget) {
     if (qobject_cast<QRadioButton*>(&widget) != nullptr) {

@@ -1,10 +1,9 @@
 // Windows and views as the line protocol shows them, read from widgets alone.
 #pragma once
 
-#include <QString>
-
 #include <nlohmann/json.hpp>
 
+#include <QString>
 #include <cstdint>
 #include <string>
 
@@ -12,8 +11,6 @@ class QWidget;
 
 namespace specialpages::qt::testing {
 
-/// The text of a button, label or menu item without the marks of its letter.
-std::string plain_label(const QString& text);
 /// "button", "popup", ... as the line protocol calls what the widget shows; "" for anything else.
 std::string class_of(QWidget& widget);
 /// The first widget below the window (not inside other windows) with that tag; null for none.

@@ -1,0 +1,79 @@
+#include "host/host_fixtures.h"
+#include "platform/toolkit/Button.h"
+#include "qt/Mirror.h"
+#include "qt/NibWidgets.h"
+#include "qt/PopUpWidget.h"
+#include "testing/paths.h"
+
+#include <gtest/gtest.h>
+
+#include <QWidget>
+#include <string>
+
+namespace specialpages::qt::testing {
+namespace {
+
+using host::testing::error_of;
+
+class NibWidgetsTest : public ::testing::Test {
+  protected:
+    std::filesystem::path nib(const std::string& content, const std::string& after = "") {
+        return folder_.write("a.nib", "<ui version=\"4.0\"><widget class=\"QWidget\" name=\"root\">" +
+                                          content + "</widget>" + after + "</ui>");
+    }
+    std::string refusal(const std::filesystem::path& file) {
+        QWidget parent;
+        return error_of([&] { NibWidgets(file, parent); }).detail();
+    }
+
+    host::testing::TemporaryFolder folder_;
+};
+
+TEST_F(NibWidgetsTest, EveryNamedElementOfThePanesNibHasItsWidget) {
+    QWidget parent;
+    const NibWidgets widgets(paths::source_dir() + "/resources/nibs/NVSpecialPages_Default01.ui", parent);
+    EXPECT_NE(widgets.find("SPAddCoversButton"), nullptr);
+    EXPECT_NE(dynamic_cast<PopUpWidget*>(widgets.find("spCoversOptionsList")), nullptr);
+    EXPECT_TRUE(widgets.find("CoversWindowRef")->isWindow());
+    EXPECT_EQ(widgets.find("nobody"), nullptr);
+    EXPECT_GT(widgets.tabStops().size(), 50U);
+}
+
+TEST_F(NibWidgetsTest, AMissingFileIsNamed) {
+    EXPECT_NE(refusal(folder_.path() / "none.nib").find("expected a nib"), std::string::npos);
+}
+
+TEST_F(NibWidgetsTest, AWidgetThatQtDoesNotKnowIsNotDroppedInSilence) {
+    EXPECT_EQ(refusal(nib(R"(<widget class="Unknown" name="odd"><property name="kind" stdset="0">
+        <string>button</string></property></widget>)")),
+              "expected a widget \"odd\" that can show its view, found none");
+}
+
+TEST_F(NibWidgetsTest, AWidgetOfAnotherKindThanItsViewIsRefused) {
+    EXPECT_EQ(refusal(nib(R"(<widget class="QFrame" name="odd"><property name="kind" stdset="0">
+        <string>button</string></property></widget>)")),
+              "expected a widget \"odd\" that can show its view, found QFrame");
+}
+
+TEST_F(NibWidgetsTest, ATabStopThatIsNotThereIsRefused) {
+    EXPECT_EQ(refusal(nib("", "<tabstops><tabstop>gone</tabstop></tabstops>")),
+              "expected a widget \"gone\" for the tab stop of that name");
+}
+
+TEST_F(NibWidgetsTest, ANameThatIsTakenFromNoLabelIsRefused) {
+    EXPECT_EQ(refusal(nib(R"(<widget class="QPlainTextEdit" name="text"><property name="nameFrom" stdset="0">
+        <string>gone</string></property></widget>)")),
+              "expected a widget \"gone\", after which others are named");
+}
+
+TEST_F(NibWidgetsTest, AViewWithoutAWidgetIsRefused) {
+    QWidget parent;
+    const NibWidgets widgets(nib(""), parent);
+    Mirror mirror(widgets);
+    platform::Button view;
+    view.setName("nobody");
+    EXPECT_EQ(error_of([&] { mirror.bind(view); }).detail(), "expected a widget for the view \"nobody\"");
+}
+
+} // namespace
+} // namespace specialpages::qt::testing
