@@ -37,6 +37,11 @@ bool PrintHost::openPane(PaneModule module) {
     return true;
 }
 
+void PrintHost::markJobOptions(const JobOptions& options) {
+    ppd_.mark_job_options(options);
+    followPageSize();
+}
+
 void PrintHost::mark(const std::string& option, const std::string& choice) {
     ppd_.mark(option, choice);
     followPageSize();

@@ -42,6 +42,8 @@ class PrintHost final : public platform::PDEPluginCallback {
     /// Marks a choice in the PPD; the page format follows. The pane learns of it at its next restore.
     /// HostError (usage).
     void mark(const std::string& option, const std::string& choice);
+    /// Marks what the options of a job choose (PpdFile::mark_job_options); the page format follows.
+    void markJobOptions(const JobOptions& options);
 
     PpdFile& ppd() { return ppd_; }
     platform::PrintSettings& settings() { return settings_; }

@@ -80,8 +80,6 @@ std::optional<PpdFile> read_cache(const fs::path& file, const std::string& name)
 
 HostError refused(const PrintServer& server, const std::string& queue, http_status_t status) {
     switch (status) {
-    case HTTP_STATUS_NOT_FOUND:
-        return {ErrorCode::printer, queue, "the print server has no such queue, or no PPD of it"};
     case HTTP_STATUS_UNAUTHORIZED:
     case HTTP_STATUS_CUPS_AUTHORIZATION_CANCELED:
         return {ErrorCode::printer, queue,
@@ -116,6 +114,10 @@ PpdFile queue_ppd(const std::string& queue, Interrupted interrupted) {
     const TemporaryFile file(buffer.data());
     if (status == HTTP_STATUS_NOT_MODIFIED && known) {
         return std::move(*known);
+    }
+    if (status == HTTP_STATUS_NOT_FOUND) {
+        throw QueueWithoutPpd(ErrorCode::printer, queue,
+                              "the print server has no such queue, or no PPD of it");
     }
     if (status != HTTP_STATUS_OK) {
         throw refused(server, queue, status);

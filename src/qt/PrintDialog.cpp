@@ -1,43 +1,124 @@
 #include "qt/PrintDialog.h"
 
 #include "host/HostError.h"
+#include "platform/toolkit/Application.h"
+#include "qt/dialog_options.h"
 #include "qt/text.h"
 
 #include <QAbstractButton>
+#include <QComboBox>
 #include <QDialogButtonBox>
-#include <QLabel>
 #include <QMessageBox>
+#include <QPrinter>
 #include <QTabWidget>
-#include <QVBoxLayout>
 #include <utility>
 
 namespace specialpages::qt {
 
 namespace {
 
-constexpr const char* kProblemTitle = "Special Pages";
-
-} // namespace
-
-PrintDialog::PrintDialog(QPrinter& printer, QWidget* parent) : QPrintDialog(&printer, parent) {
-    tabs(); // there are tabs, or this is no dialog to stand in
-}
-
-PrintDialog::~PrintDialog() {
-    showTab(nullptr); // the tab is the pane's, not the dialog's
-}
-
-QTabWidget& PrintDialog::tabs() {
-    auto* widget = findChild<QTabWidget*>();
+/// The part of that name; any of its kind for a null name.
+template <class Widget>
+Widget& part_of(const PrintDialog& dialog, const char* name, const char* what) {
+    auto* const widget = dialog.findChild<Widget*>(name == nullptr ? QString() : QLatin1String(name));
     if (widget == nullptr) {
-        throw host::HostError(host::ErrorCode::other, "print dialog", "expected it to have tabs");
+        throw host::HostError(host::ErrorCode::other, "print dialog",
+                              std::string("expected it to have ") + what);
     }
     return *widget;
 }
 
-void PrintDialog::showTab(QWidget* tab) {
+/// The entry of the list of printers that prints into a file, as the dialog itself calls it.
+QString file_entry() {
+    return QPrintDialog::tr("Print to File (PDF)");
+}
+
+} // namespace
+
+PrintDialog::PrintDialog(QPrinter& printer, WindowTexts texts, QWidget* parent)
+    : QPrintDialog(&printer, parent), texts_(std::move(texts)) {
+    tabs(); // there are tabs and a list of printers, or this is no dialog to stand in
+    connect(&printerList(), &QComboBox::currentIndexChanged, this, [this] { follow(); });
+}
+
+PrintDialog::~PrintDialog() {
+    printerList().disconnect(this);
+    showTab(nullptr); // the tabs are the dialog's own to end
+}
+
+QTabWidget& PrintDialog::tabs() const {
+    return part_of<QTabWidget>(*this, nullptr, "tabs");
+}
+
+QComboBox& PrintDialog::printerList() const {
+    return part_of<QComboBox>(*this, "printers", "a list of printers");
+}
+
+std::vector<std::string> PrintDialog::printers() const {
+    const QComboBox& list = printerList();
+    std::vector<std::string> all;
+    for (int i = 0; i < list.count(); ++i) {
+        const QString name = list.itemText(i);
+        if (!name.isEmpty() && name != file_entry()) { // a line is an entry without text
+            all.push_back(model_text(name));
+        }
+    }
+    return all;
+}
+
+std::string PrintDialog::chosenPrinter() const {
+    const QString name = printerList().currentText();
+    return name == file_entry() ? "" : model_text(name);
+}
+
+bool PrintDialog::choosePrinter(const std::string& printer) {
+    const QString name = printer.empty() ? file_entry() : shown_text(printer);
+    const int place = printerList().findText(name);
+    if (printer.empty() && place < 0) { // the entry comes when the dialog is shown
+        this->printer()->setOutputFormat(QPrinter::PdfFormat);
+        return true;
+    }
+    if (place < 0 || (!printer.empty() && name == file_entry())) {
+        return false;
+    }
+    printerList().setCurrentIndex(place);
+    return true;
+}
+
+void PrintDialog::followPrinters(OpenTab open) {
+    open_ = std::move(open);
+    follow();
+}
+
+void PrintDialog::setVisible(bool visible) {
+    QPrintDialog::setVisible(visible); // which completes the list of printers
+    if (visible) {
+        follow();
+    }
+}
+
+void PrintDialog::follow() {
+    if (!open_ || isHidden()) {
+        return;
+    }
+    const std::string printer = chosenPrinter();
+    auto found = opened_.find(printer);
+    if (found == opened_.end()) {
+        found = opened_.emplace(printer, open_(printer)).first;
+    }
+    showTab(found->second.get());
+}
+
+void PrintDialog::showTab(PrinterTab* tab) {
+    if (tab == tab_) {
+        return;
+    }
     QTabWidget& all = tabs();
     if (tab_ != nullptr) {
+        tabInFront_ = all.currentWidget() == tab_;
+        if (tab_->pane() != nullptr) {
+            tab_->pane()->host().panel()->shouldHide();
+        }
         all.removeTab(all.indexOf(tab_));
         tab_->setParent(nullptr);
     }
@@ -45,9 +126,17 @@ void PrintDialog::showTab(QWidget* tab) {
     if (tab == nullptr) {
         return;
     }
+    if (tab->pane() != nullptr) {
+        tab->pane()->widget().activate();
+    }
     all.addTab(tab, tab->windowTitle());
-    all.setCurrentWidget(tab);
+    if (tabInFront_) {
+        all.setCurrentWidget(tab);
+    }
     expand();
+    if (tab->pane() != nullptr) {
+        tab->pane()->host().panel()->willShow();
+    }
 }
 
 void PrintDialog::expand() {
@@ -64,57 +153,65 @@ void PrintDialog::expand() {
     }
 }
 
-void PrintDialog::setPane(std::unique_ptr<PrinterPane> pane) {
-    showTab(nullptr);
-    problem_.reset();
-    pane_ = std::move(pane);
-    if (pane_ != nullptr) {
-        pane_->widget().activate();
-        showTab(&pane_->widget());
-        pane_->host().panel()->willShow();
-    }
-}
-
-void PrintDialog::setProblem(const QString& sentence) {
-    setPane(nullptr);
-    problem_ = std::make_unique<QWidget>();
-    problem_->setWindowTitle(QLatin1String(kProblemTitle));
-    auto* const layout = new QVBoxLayout(problem_.get());
-    auto* const label = new QLabel(problem_.get());
-    label->setTextFormat(Qt::PlainText);
-    label->setText(sentence);
-    label->setWordWrap(true);
-    label->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-    layout->addWidget(label);
-    layout->addStretch();
-    showTab(problem_.get());
-}
-
-void PrintDialog::setPrintHandler(std::function<void(const platform::PrintSettings&)> handler) {
+void PrintDialog::setPrintHandler(std::function<void(const PrintRequest&)> handler) {
     handler_ = std::move(handler);
 }
 
 void PrintDialog::say(const QString& sentence) {
-    QMessageBox::warning(this, windowTitle(), sentence);
+    QMessageBox box(QMessageBox::Warning, windowTitle(), sentence, QMessageBox::Ok, this);
+    box.setTextFormat(Qt::PlainText);
+    box.exec();
 }
 
 void PrintDialog::accept() {
-    std::string reason;
-    if (pane_ != nullptr && !pane_->print(reason)) {
-        say(shown_text(reason));
+    if (pane() != nullptr && platform::Application::shared().modalDepth() > 0) {
+        say(texts_(kWindowOpen));
         return;
     }
     QPrintDialog::accept();
 }
 
+bool PrintDialog::print() {
+    PrintRequest request;
+    request.printer = chosenPrinter();
+    if (!request.printer.empty()) {
+        request.options = dialog_options(*printer());
+    }
+    if (pane() != nullptr) {
+        pane()->host().markJobOptions(request.options);
+        if (!pane()->host().panel()->shouldPrint()) {
+            say(texts_(kPrintStopped));
+            return false;
+        }
+        request.settings = &pane()->host().settings();
+    }
+    try {
+        if (handler_) {
+            handler_(request);
+        }
+    } catch (const host::HostError& error) {
+        say(shown_text(error.what()));
+        return false;
+    }
+    return true;
+}
+
+void PrintDialog::keepSettings() {
+    try {
+        if (tab_ != nullptr) {
+            tab_->keepSettings();
+        }
+    } catch (const host::HostError& error) {
+        say(texts_(kNotRemembered, error.what())); // the job is printed: no reason to stay
+    }
+}
+
 void PrintDialog::done(int result) {
-    if (result == QDialog::Accepted && handler_ && pane_ != nullptr) {
-        try {
-            handler_(pane_->host().settings());
-        } catch (const host::HostError& error) {
-            say(shown_text(error.what()));
+    if (result == QDialog::Accepted) {
+        if (!print()) {
             return;
         }
+        keepSettings();
     }
     QPrintDialog::done(result);
 }

@@ -1,7 +1,6 @@
 #include "qt/PrinterPane.h"
 
 #include "platform/foundation/Bundle.h"
-#include "platform/toolkit/Application.h"
 
 #include <QLayout>
 #include <utility>
@@ -9,13 +8,18 @@
 namespace specialpages::qt {
 
 std::unique_ptr<PrinterPane> PrinterPane::open(PrinterPaneOptions options, QtFace& face) {
+    host::PpdFile ppd(options.ppd);
+    return open(std::move(ppd), std::move(options), face);
+}
+
+std::unique_ptr<PrinterPane> PrinterPane::open(host::PpdFile ppd, PrinterPaneOptions options, QtFace& face) {
     std::unique_ptr<PrinterPane> pane(new PrinterPane);
     host::PaneModule module(options.bundle.empty() ? host::find_bundle() : options.bundle);
     if (!options.language.empty()) {
         module.bundle()->setPreferredLanguages({options.language});
     }
-    pane->host_ = std::make_unique<host::PrintHost>(host::PpdFile(options.ppd), std::move(options.settings),
-                                                    options.printer);
+    pane->host_ =
+        std::make_unique<host::PrintHost>(std::move(ppd), std::move(options.settings), options.printer);
     if (!pane->host_->openPane(std::move(module))) {
         return nullptr;
     }
@@ -27,18 +31,6 @@ std::unique_ptr<PrinterPane> PrinterPane::open(PrinterPaneOptions options, QtFac
         pane->widget_->layout()->addWidget(pane->glance_);
     }
     return pane;
-}
-
-bool PrinterPane::print(std::string& reason) {
-    if (platform::Application::shared().modalDepth() > 0) {
-        reason = "A window of Special Pages is open. Close it first.";
-        return false;
-    }
-    if (!host_->panel()->shouldPrint()) {
-        reason = "Special Pages stopped the printing.";
-        return false;
-    }
-    return true;
 }
 
 } // namespace specialpages::qt

@@ -16,7 +16,7 @@ class QtFace;
 
 /// What a printer's pane is opened with.
 struct PrinterPaneOptions {
-    std::filesystem::path ppd;
+    std::filesystem::path ppd; ///< not looked at where the PPD is given open
     platform::PrintSettings settings;
     std::string printer;          ///< its name; empty: the PPD's model name
     std::string language;         ///< a tag ("de"); empty: the bundle's own order
@@ -28,15 +28,13 @@ class PrinterPane {
     /// Opens the PPD and the pane, and restores the pane from the settings. Null when the printer has no such
     /// pane. HostError: input for a PPD that cannot be read, other for a bundle or nib that cannot be used.
     static std::unique_ptr<PrinterPane> open(PrinterPaneOptions options, QtFace& face);
+    /// The same for a PPD that is open.
+    static std::unique_ptr<PrinterPane> open(host::PpdFile ppd, PrinterPaneOptions options, QtFace& face);
 
     host::PrintHost& host() { return *host_; }
     PaneWidget& widget() { return *widget_; }
     /// The strip of sheets that stands below the pane in the same tab; null when the pane has no table.
     PaneGlance* glance() { return glance_; }
-
-    /// The user prints: the pane writes its values into the settings. False, and why in `reason`, while a
-    /// dialog of the pane is open and when the pane refuses.
-    bool print(std::string& reason);
 
   private:
     PrinterPane() = default;

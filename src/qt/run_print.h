@@ -9,9 +9,10 @@
 namespace specialpages::qt {
 
 struct PrintOptions {
-    std::string document; ///< a PDF file; empty: none
-    std::string ppd;
-    std::string settings;  ///< a settings file to begin with; empty: none
+    std::string document;  ///< a PDF file; empty: none
+    std::string ppd;       ///< of a printer without a queue, which prints into a file; empty: none
+    std::string printer;   ///< the queue that is chosen at first; empty: the dialog's own choice
+    std::string settings;  ///< a settings file that the first pane begins with; empty: none
     std::string out = "-"; ///< where the settings go, "-" being standard output
     std::string language;
 };
@@ -22,7 +23,8 @@ std::optional<PrintOptions> parse_print_options(std::vector<std::string> argumen
                                                 std::ostream& err, int& exit);
 
 /// Shows the print dialog until the user prints or cancels, and answers the exit code: 0 printed, 1 cancelled
-/// or failed, 2 for a document or settings file that cannot be read. Needs a QApplication.
+/// or failed, 2 for a document or settings file that cannot be read, 4 when there is no such queue. Needs a
+/// QApplication.
 int run_print(const PrintOptions& options, std::ostream& out, std::ostream& err);
 
 } // namespace specialpages::qt

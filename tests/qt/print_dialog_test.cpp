@@ -58,24 +58,22 @@ class PrintDialogTest : public QtPaneTest {
         options.settings = host::read_settings_file(kHandbook);
         return PrinterPane::open(std::move(options), face_);
     }
-    static QTabWidget& tabs(PrintDialog& dialog) { return *dialog.findChild<QTabWidget*>(); }
-    static QStringList titles(PrintDialog& dialog) {
-        QStringList all;
-        for (int i = 0; i < tabs(dialog).count(); ++i) {
-            all << tabs(dialog).tabText(i);
-        }
-        return all;
+    /// Shows the dialog with the pane for its one printer.
+    void show(PrintDialog& dialog) {
+        dialog.followPrinters([this](const std::string&) {
+            return std::make_unique<PrinterTab>(WindowTexts(), handbook(), "handbook", false, "");
+        });
+        dialog.show();
+        settle();
     }
-
+    static QTabWidget& tabs(PrintDialog& dialog) { return *dialog.findChild<QTabWidget*>(); }
     QPrinter printer_;
 };
 
 TEST_F(PrintDialogTest, ThePaneIsTheTabThatIsSeen) {
     PrintDialog dialog(printer_);
-    dialog.setPane(handbook());
-    dialog.show();
-    settle();
-    EXPECT_EQ(tabs(dialog).currentWidget(), &dialog.pane()->widget());
+    show(dialog);
+    EXPECT_EQ(tabs(dialog).currentWidget(), dialog.tab());
     EXPECT_EQ(tabs(dialog).tabText(tabs(dialog).currentIndex()), "Special Pages");
     EXPECT_TRUE(dialog.pane()->widget().isVisible());
     auto* const table = dialog.findChild<QTableView*>("SPSummaryInfoTableView");
@@ -84,31 +82,16 @@ TEST_F(PrintDialogTest, ThePaneIsTheTabThatIsSeen) {
     EXPECT_EQ(table->model()->rowCount(), 7);
 }
 
-TEST_F(PrintDialogTest, APrinterWithoutAPaneHasNoTab) {
-    PrintDialog dialog(printer_);
-    const QStringList before = titles(dialog);
-    dialog.setPane(handbook());
-    EXPECT_EQ(titles(dialog).size(), before.size() + 1);
-    PrinterPaneOptions options;
-    options.ppd = paths::source_dir() + "/examples/ppd/plain.ppd";
-    auto none = PrinterPane::open(std::move(options), face_);
-    EXPECT_EQ(none, nullptr);
-    dialog.setPane(std::move(none));
-    EXPECT_EQ(titles(dialog), before);
-    EXPECT_EQ(dialog.tab(), nullptr);
-    dialog.setPane(handbook());
-    EXPECT_EQ(titles(dialog).size(), before.size() + 1);
-}
-
 TEST_F(PrintDialogTest, PrintWritesTheSettings) {
+    printer_.setOutputFileName(QString::fromStdString((folder_.path() / "out.pdf").string()));
     PrintDialog dialog(printer_);
-    dialog.setPane(handbook());
+    show(dialog);
     std::string count;
-    dialog.setPrintHandler([&](const platform::PrintSettings& settings) {
-        const auto* const value = settings.value("com.norvalen.nb.rtz.printsettings.NPIFCommandTicketCount");
+    dialog.setPrintHandler([&](const PrintRequest& request) {
+        const auto* const value =
+            request.settings->value("com.norvalen.nb.rtz.printsettings.NPIFCommandTicketCount");
         count = value == nullptr ? "none" : std::get<std::string>(*value);
     });
-    printer_.setOutputFileName(QString::fromStdString((folder_.path() / "out.pdf").string()));
     dialog.accept();
     EXPECT_EQ(dialog.result(), QDialog::Accepted);
     EXPECT_EQ(count, "7");
@@ -116,11 +99,9 @@ TEST_F(PrintDialogTest, PrintWritesTheSettings) {
 
 TEST_F(PrintDialogTest, PrintIsVetoedWhileADialogOfThePaneIsOpen) {
     PrintDialog dialog(printer_);
-    dialog.setPane(handbook());
+    show(dialog);
     int printed = 0;
-    dialog.setPrintHandler([&](const platform::PrintSettings&) { ++printed; });
-    dialog.show();
-    settle();
+    dialog.setPrintHandler([&](const PrintRequest&) { ++printed; });
     std::string said;
     face_.setRun([&](const std::function<bool()>&) {
         {
@@ -137,28 +118,16 @@ TEST_F(PrintDialogTest, PrintIsVetoedWhileADialogOfThePaneIsOpen) {
 }
 
 TEST_F(PrintDialogTest, AHandlerThatFailsKeepsTheDialog) {
+    printer_.setOutputFileName(QString::fromStdString((folder_.path() / "out.pdf").string()));
     PrintDialog dialog(printer_);
-    dialog.setPane(handbook());
-    dialog.setPrintHandler([](const platform::PrintSettings&) {
+    show(dialog);
+    dialog.setPrintHandler([](const PrintRequest&) {
         throw host::HostError(host::ErrorCode::other, "/nowhere/out.json", "no such folder");
     });
-    dialog.show();
     NextDialog box;
     dialog.accept();
     EXPECT_EQ(box.text(), "/nowhere/out.json: no such folder");
     EXPECT_TRUE(dialog.isVisible());
-}
-
-TEST_F(PrintDialogTest, ASentenceStandsInPlaceOfAPaneThatCannotBeShown) {
-    PrintDialog dialog(printer_);
-    dialog.setPane(handbook());
-    dialog.setProblem("The printer's file is damaged.");
-    dialog.show();
-    settle();
-    ASSERT_NE(dialog.tab(), nullptr);
-    EXPECT_EQ(dialog.tab()->findChild<QLabel*>()->text(), "The printer's file is damaged.");
-    EXPECT_TRUE(dialog.tab()->isVisible());
-    EXPECT_EQ(dialog.pane(), nullptr);
 }
 
 /// Runs the program; `look` sees its dialog, which is then cancelled unless `look` ended it.

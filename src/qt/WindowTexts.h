@@ -1,0 +1,49 @@
+// What the print dialog says around the pane, in the user's language: the table "PrintDialog" of the pane's
+// bundle.
+#pragma once
+
+#include <QString>
+#include <filesystem>
+#include <memory>
+#include <string>
+
+namespace specialpages::platform {
+class Bundle;
+}
+
+namespace specialpages::qt {
+
+/// A text by its key, with what it is in English for a bundle that has no such table.
+struct WindowText {
+    const char* key;
+    const char* english;
+};
+
+inline constexpr WindowText kTabTitle{"Tab Title", "Special Pages"};
+inline constexpr WindowText kRememberSettings{"Remember Settings",
+                                              "Remember these settings for this printer"};
+inline constexpr WindowText kRememberedUnreadable{
+    "Remembered Unreadable",
+    "The settings remembered for this printer cannot be read; the file stays as it is:"};
+inline constexpr WindowText kNotRemembered{"Not Remembered",
+                                           "The job is printed, but the settings could not be remembered:"};
+inline constexpr WindowText kWindowOpen{"Window Open", "A window of Special Pages is open. Close it first."};
+inline constexpr WindowText kPrintStopped{"Print Stopped", "Special Pages stopped the printing."};
+
+class WindowTexts {
+  public:
+    /// English.
+    WindowTexts() = default;
+    /// Those of the bundle in this directory (empty: where a host looks for it) in the language; English
+    /// where there is no bundle.
+    WindowTexts(const std::filesystem::path& bundle, const std::string& language);
+
+    QString operator()(const WindowText& text) const;
+    /// The text and what follows it.
+    QString operator()(const WindowText& text, const std::string& reason) const;
+
+  private:
+    std::shared_ptr<platform::Bundle> bundle_;
+};
+
+} // namespace specialpages::qt
