@@ -12,6 +12,7 @@
 
 #include <QDialogButtonBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPrinter>
 #include <QTabWidget>
 #include <QTimer>
@@ -162,7 +163,8 @@ TEST_F(PrintDialogTest, TheProgramPrintsTheSettingsFile) {
     const int exit = run_program(options, out, err, [&](PrintDialog& dialog) {
         EXPECT_EQ(dialog.minPage(), 1);
         EXPECT_EQ(dialog.maxPage(), 24);
-        dialog.printer()->setOutputFileName(QString::fromStdString((folder_.path() / "o.pdf").string()));
+        dialog.findChild<QLineEdit*>("filename")
+            ->setText(QString::fromStdString((folder_.path() / "o.pdf").string()));
         dialog.accept();
     });
     EXPECT_EQ(exit, 0) << err.str();
@@ -170,6 +172,7 @@ TEST_F(PrintDialogTest, TheProgramPrintsTheSettingsFile) {
     EXPECT_EQ(
         std::get<std::string>(*settings.value("com.norvalen.nb.rtz.printsettings.NPIFCommandTicketCount")),
         "7");
+    EXPECT_EQ(document_pages(folder_.path() / "o.pdf"), 24);
 }
 
 TEST_F(PrintDialogTest, CancellingWritesNothing) {
