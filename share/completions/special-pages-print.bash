@@ -6,8 +6,10 @@ _special_pages_print()
     COMPREPLY=()
     if [[ $prev == --lang ]]; then
         COMPREPLY=($(compgen -W "de en fr ja" -- "$cur"))
+    elif [[ $prev == --printer ]]; then
+        COMPREPLY=($(compgen -W "$(lpstat -e 2>/dev/null)" -- "$cur"))
     elif [[ $cur == -* ]]; then
-        COMPREPLY=($(compgen -W "-h --help --ppd --settings --out --lang --version" -- "$cur"))
+        COMPREPLY=($(compgen -W "-h --help --ppd --printer --settings --out --lang --version" -- "$cur"))
     else
         compopt -o filenames 2>/dev/null
         COMPREPLY=($(compgen -f -- "$cur"))

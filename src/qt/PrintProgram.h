@@ -4,8 +4,8 @@
 
 #include "host/print_document.h"
 #include "qt/PrintDialog.h"
+#include "qt/PrintOptions.h"
 #include "qt/QtFace.h"
-#include "qt/run_print.h"
 
 #include <QPrinter>
 #include <cstdint>

@@ -28,6 +28,9 @@ Recalled recall(const std::string& printer) {
     }
 }
 
+/// As the nib's.
+constexpr int kPaneMargin = 12;
+
 } // namespace
 
 PrinterTab::PrinterTab(const WindowTexts& texts, const QString& sentence) {
@@ -42,8 +45,13 @@ PrinterTab::PrinterTab(const WindowTexts& texts, std::unique_ptr<PrinterPane> pa
     : pane_(std::move(pane)), printer_(std::move(printer)),
       remember_(new QCheckBox(literal_label(model_text(texts(kRememberSettings))), this)) {
     setWindowTitle(pane_->widget().windowTitle());
-    auto* const layout = new QVBoxLayout(this);
-    layout->addWidget(&pane_->widget(), 1);
+    auto* const tab = new QVBoxLayout(this);
+    tab->setContentsMargins(0, 0, 0, 0); // the pane keeps its own
+    tab->setSpacing(0);
+    tab->addWidget(&pane_->widget(), 1);
+    auto* const layout = new QVBoxLayout;
+    layout->setContentsMargins(kPaneMargin, 0, kPaneMargin, kPaneMargin);
+    tab->addLayout(layout);
     remember_->setObjectName(QStringLiteral("rememberSettings"));
     remember_->setChecked(remembered);
     remember_->setEnabled(unreadable.empty() && host::remembered_settings_name(printer_).has_value());

@@ -24,7 +24,7 @@ using preview::Ink;
 constexpr double kLargestScale = 2.0;
 constexpr double kSmallestScale = 0.4;
 constexpr int kSheetLines = 7;       ///< the strip's height in lines of its font
-constexpr int kFewestSheetLines = 4; ///< where there is little room
+constexpr int kFewestSheetLines = 3; ///< where there is little room
 
 QColor mixed(const QColor& one, const QColor& other, double part) {
     const auto mix = [part](int a, int b) {

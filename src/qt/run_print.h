@@ -1,21 +1,14 @@
 // The program with the window: options, the document, the dialog, the settings file.
 #pragma once
 
+#include "qt/PrintOptions.h"
+
 #include <iosfwd>
 #include <optional>
 #include <string>
 #include <vector>
 
 namespace specialpages::qt {
-
-struct PrintOptions {
-    std::string document;  ///< a PDF file; empty: none
-    std::string ppd;       ///< of a printer without a queue, which prints into a file; empty: none
-    std::string printer;   ///< the queue that is chosen at first; empty: the dialog's own choice
-    std::string settings;  ///< a settings file that the first pane begins with; empty: none
-    std::string out = "-"; ///< where the settings go, "-" being standard output
-    std::string language;
-};
 
 /// What the arguments (without the program's name) ask for. Empty when there is nothing to run: `exit` is
 /// then the exit code, and help, version or the error was written.

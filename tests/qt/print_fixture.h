@@ -74,7 +74,8 @@ class PrintProgramTest : public ::testing::Test {
         }
         program_ = std::make_unique<PrintProgram>(options, services(), out_, err_);
         dialog().show();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog()));
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(&dialog()));
+        activate(dialog());
         auto& list = *dialog().findChild<QComboBox*>(QStringLiteral("printers"));
         int place = 0;
         for (const auto& [name, ppd] : queues_) {

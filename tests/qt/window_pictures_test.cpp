@@ -74,6 +74,7 @@ TEST_F(WindowPictures, DISABLED_AreWritten) {
         std::ostringstream none;
         PrintProgram program(options, cups_services(), none, none);
         program.dialog().show();
+        program.dialog().resize(660, 740);
         take(program.dialog(), "print");
     }
     open(host::read_settings_file(kHandbook), kSamplePpd, language_);
