@@ -9,10 +9,15 @@
 
 namespace specialpages::qt {
 
+namespace {
+/// As the nib's.
+constexpr int kPaneMargin = 12;
+} // namespace
+
 PaneGlance::PaneGlance(host::PrintHost& host, platform::TableView& table, QWidget* parent)
     : QWidget(parent), host_(host), table_(table), strip_(new SheetStrip(this)) {
     auto* const layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setContentsMargins(kPaneMargin, 0, kPaneMargin, 0);
     layout->addWidget(strip_);
     soon_.setSingleShot(true);
     soon_.setInterval(0);
