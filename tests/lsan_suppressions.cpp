@@ -1,4 +1,4 @@
-// What the leak check of the sanitized build passes over in the libraries below the window, with the reasons.
+// What the leak check of the sanitized build passes over in libraries of others, with the reasons.
 extern "C" const char* __lsan_default_suppressions();
 
 const char* __lsan_default_suppressions() { // NOLINT(bugprone-reserved-identifier): the name is the runtime's
@@ -7,7 +7,7 @@ const char* __lsan_default_suppressions() { // NOLINT(bugprone-reserved-identifi
         "leak:libfontconfig.so\n"
         // Type tables of the event loop that Qt runs on are never freed.
         "leak:libglib-2.0.so\n"
-        // The application of the tests is never destroyed (test_application.cpp), with what it owns.
+        // The application of the tests is never destroyed (qt/test_application.cpp), with what it owns.
         "leak:libQt6Gui.so\n"
         "leak:libQt6Core.so\n"
         "leak:libQt6DBus.so\n"
