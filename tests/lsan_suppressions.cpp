@@ -2,15 +2,6 @@
 extern "C" const char* __lsan_default_suppressions();
 
 const char* __lsan_default_suppressions() { // NOLINT(bugprone-reserved-identifier): the name is the runtime's
-    return
-        // Configuration and font patterns are kept until the process ends, by design.
-        "leak:libfontconfig.so\n"
-        // Type tables of the event loop that Qt runs on are never freed.
-        "leak:libglib-2.0.so\n"
-        // The application of the tests is never destroyed (qt/test_application.cpp), with what it owns.
-        "leak:libQt6Gui.so\n"
-        "leak:libQt6Core.so\n"
-        "leak:libQt6DBus.so\n"
-        "leak:libqoffscreen.so\n"
-        "leak:libqxcb.so\n";
+    // Configuration and font patterns are kept until the process ends, by design.
+    return "leak:libfontconfig.so\n";
 }

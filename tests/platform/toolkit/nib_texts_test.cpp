@@ -83,8 +83,8 @@ TEST(NibTexts, OnlyAnotherTextIsAnnounced) {
     help->setTitle("Help");
     std::vector<std::string> announced;
     for (const auto& each : {button, help}) {
-        each->addObserver([&announced, button](View& view, ViewChange) {
-            announced.emplace_back(&view == button.get() ? "OK" : "Help");
+        each->addObserver([&announced, ok = button.get()](View& view, ViewChange) {
+            announced.emplace_back(&view == ok ? "OK" : "Help");
         });
     }
     translate_nib_texts(std::vector<std::shared_ptr<View>>{button, help},
