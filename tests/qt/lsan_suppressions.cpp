@@ -10,6 +10,8 @@ const char* __lsan_default_suppressions() { // NOLINT(bugprone-reserved-identifi
         "leak:libcups.so\n"
         // Type tables of the event loop that Qt runs on are never freed.
         "leak:libglib-2.0.so\n"
+        // The shared connection to the bus of assistive tools is kept until the process ends.
+        "leak:libdbus-1.so\n"
         // The application of the tests is never destroyed (test_application.cpp), with what it owns.
         "leak:libQt6Gui.so\n"
         "leak:libQt6Core.so\n"
