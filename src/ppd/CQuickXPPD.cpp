@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <ext/stdio_filebuf.h>
+#include <fcntl.h>
 #include <fstream>
 #include <istream>
 #include <memory>
@@ -268,20 +270,21 @@ std::int32_t GetXPPD(ppd_file_t* ppd, ConstraintIndex* index, std::string_view s
     if (index == nullptr || attribute == nullptr || attribute->value == nullptr) {
         return 1;
     }
-    // A device or a pipe might never end.
+    // A pipe would be waited for without O_NONBLOCK, and a device might never end.
+    const int descriptor = open(attribute->value, O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    if (descriptor < 0) {
+        return 1;
+    }
     struct stat status {};
-    if (stat(attribute->value, &status) != 0 || !S_ISREG(status.st_mode)) {
+    const bool plain = fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode);
+    const auto size = plain ? static_cast<std::size_t>(status.st_size) : 0;
+    // The buffer owns the descriptor, and closes it.
+    __gnu_cxx::stdio_filebuf<char> buffer(descriptor, std::ios::in | std::ios::binary,
+                                          std::min(size + 1, kReadBytes));
+    if (!plain) {
         return 1;
     }
-    const auto size = static_cast<std::size_t>(status.st_size);
-    const std::size_t buffer_size = std::min(size + 1, kReadBytes);
-    const auto buffer = std::make_unique_for_overwrite<char[]>(buffer_size);
-    std::ifstream file;
-    file.rdbuf()->pubsetbuf(buffer.get(), static_cast<std::streamsize>(buffer_size));
-    file.open(attribute->value, std::ios::binary);
-    if (!file.is_open()) {
-        return 1;
-    }
+    std::istream file(&buffer);
     CQuickXPPD reader(index, std::string(sectionBase) + (panther ? "Panther" : "Tiger"));
     index->reserve(index->size() + size / kUsualEntryBytes);
     file >> reader;
