@@ -1,61 +1,28 @@
 // The inserts dialog by the line protocol, in the real pane on the sample printer.
-#include "cli/cli_fixtures.h"
-#include "host/PaneModule.h"
-#include "host/host_fixtures.h"
-#include "testing/paths.h"
+#include "cli/sample_pane.h"
 
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
-#include <sstream>
 #include <string>
-#include <vector>
 
 namespace specialpages::cli {
 namespace {
 
-using host::testing::ScopedVariable;
-using host::testing::TemporaryFolder;
 using nlohmann::ordered_json;
-using testing::Ran;
-using testing::run;
 
-const std::string kSamplePpd = paths::source_dir() + "/examples/ppd/production.ppd";
 const std::string kTickets = "com.norvalen.nb.rtz.printsettings.NPIFCommandTicket";
 
-class DriveInserts : public ::testing::Test {
+class DriveInserts : public testing::SamplePaneTest {
   protected:
-    /// The answers to the requests, after those that bring the pane up.
-    static std::vector<ordered_json> drive(const std::vector<std::string>& requests) {
-        std::string input =
-            "{\"do\":\"host\",\"call\":\"restore\"}\n{\"do\":\"host\",\"call\":\"willShow\"}\n";
-        for (const std::string& request : requests) {
-            input += request + "\n";
-        }
-        const Ran ran = run({"drive", "--ppd", kSamplePpd}, input);
-        EXPECT_EQ(ran.exit, 0) << ran.err;
-        std::vector<ordered_json> answers;
-        std::istringstream lines(ran.out);
-        for (std::string line; std::getline(lines, line);) {
-            answers.push_back(ordered_json::parse(line, nullptr, false));
-        }
-        EXPECT_EQ(answers.size(), requests.size() + 2);
-        answers.resize(requests.size() + 2);
-        answers.erase(answers.begin(), answers.begin() + 2);
-        return answers;
-    }
     static std::string press(int tag) { return R"({"do":"press","tag":)" + std::to_string(tag) + "}"; }
     static std::string type(int tag, const std::string& text) {
         return ordered_json{{"do", "type"}, {"tag", tag}, {"text", text}}.dump();
     }
-
-    TemporaryFolder folder_;
-    ScopedVariable configuration_{"XDG_CONFIG_HOME", folder_.path().c_str()};
-    ScopedVariable bundle_{host::kBundleVariable, paths::bundle_dir().c_str()};
 };
 
 TEST_F(DriveInserts, AddsEditsAndSavesInserts) {
-    const auto answers = drive(
+    const auto answers = driveShown(
         {press(101), type(3207, "3, 7-8"), type(3204, "2"), R"({"do":"step","tag":3205,"value":3})",
          R"({"do":"choose","tag":3210,"menu":3,"item":2})", press(3216),
          R"({"do":"selectRows","tag":104,"rows":[0]})", press(105), R"({"do":"choose","tag":3202,"item":1})",
@@ -77,8 +44,8 @@ TEST_F(DriveInserts, AddsEditsAndSavesInserts) {
 }
 
 TEST_F(DriveInserts, RefusalsAndBeepsAreInTheAnswers) {
-    const auto answers = drive({press(101), type(3207, "9-7x"), press(3216), type(3204, "10000"),
-                                type(3204, "0"), press(3216), press(3215)});
+    const auto answers = driveShown({press(101), type(3207, "9-7x"), press(3216), type(3204, "10000"),
+                                     type(3204, "0"), press(3216), press(3215)});
     EXPECT_EQ(answers[1].at("beeps"), 1);
     ASSERT_EQ(answers[2].at("alerts").size(), 1U);
     EXPECT_EQ(answers[2].at("alerts")[0],
@@ -91,10 +58,10 @@ TEST_F(DriveInserts, RefusalsAndBeepsAreInTheAnswers) {
 }
 
 TEST_F(DriveInserts, TellsWhyAViewOrItemTakesNothing) {
-    const auto answers =
-        drive({press(101), R"({"do":"choose","tag":3202,"item":1})", type(3207, "3"),
-               R"({"do":"choose","tag":3210,"item":1})", R"({"do":"choose","tag":3210,"menu":2,"item":0})",
-               type(3218, "1"), R"({"do":"state"})", press(3215)});
+    const auto answers = driveShown({press(101), R"({"do":"choose","tag":3202,"item":1})", type(3207, "3"),
+                                     R"({"do":"choose","tag":3210,"item":1})",
+                                     R"({"do":"choose","tag":3210,"menu":2,"item":0})", type(3218, "1"),
+                                     R"({"do":"state"})", press(3215)});
     EXPECT_EQ(answers[2].at("error"), "field 3207: disabled");
     EXPECT_EQ(answers[3].at("error"), "popup 3210: item 1: hidden");
     EXPECT_EQ(answers[4].at("error"), "popup 3210: item 2: item 0: hidden");
@@ -108,7 +75,7 @@ TEST_F(DriveInserts, TellsWhyAViewOrItemTakesNothing) {
 }
 
 TEST_F(DriveInserts, QuittingInsideTheDialogCancelsIt) {
-    const auto answers = drive({press(101), type(3207, "3"), R"({"do":"quit"})"});
+    const auto answers = driveShown({press(101), type(3207, "3"), R"({"do":"quit"})"});
     EXPECT_TRUE(answers[2].at("ok"));
     EXPECT_EQ(answers[2].at("window"), "pane");
 }

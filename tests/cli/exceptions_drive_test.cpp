@@ -1,54 +1,23 @@
 // The exceptions dialog by the line protocol: every view of it is reached, in the real pane.
-#include "cli/cli_fixtures.h"
-#include "host/PaneModule.h"
-#include "host/host_fixtures.h"
-#include "testing/paths.h"
+#include "cli/sample_pane.h"
 
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
-#include <sstream>
 #include <string>
-#include <vector>
 
 namespace specialpages::cli {
 namespace {
 
 using nlohmann::ordered_json;
 
-class ExceptionsDrive : public ::testing::Test {
-  protected:
-    /// The answers to the requests, after the pane was restored.
-    std::vector<ordered_json> drive(std::vector<std::string> requests) {
-        requests.insert(requests.begin(), R"({"do":"host","call":"restore"})");
-        std::string input;
-        for (const std::string& request : requests) {
-            input += request + "\n";
-        }
-        const std::string ppd = paths::source_dir() + "/examples/ppd/production.ppd";
-        const auto ran = testing::run({"drive", "--ppd", ppd}, input);
-        EXPECT_EQ(ran.exit, 0) << ran.err;
-        std::vector<ordered_json> answers;
-        std::istringstream lines(ran.out);
-        for (std::string line; std::getline(lines, line);) {
-            answers.push_back(ordered_json::parse(line, nullptr, false));
-        }
-        EXPECT_EQ(answers.size(), requests.size());
-        answers.resize(requests.size());
-        answers.erase(answers.begin());
-        return answers;
-    }
-
-    host::testing::TemporaryFolder folder_;
-    host::testing::ScopedVariable configuration_{"XDG_CONFIG_HOME", folder_.path().c_str()};
-    host::testing::ScopedVariable bundle_{host::kBundleVariable, paths::bundle_dir().c_str()};
-};
+using ExceptionsDrive = testing::SamplePaneTest;
 
 const std::string kRefused = "These pages can't be used. Enter page numbers from 1 to 65000 and ranges, "
                              "separated by commas or spaces, in at most 99 characters. For example: 3, 7-9";
 
 TEST_F(ExceptionsDrive, AddsExceptionsAndTellsOfWarnings) {
-    const auto answers = drive({
+    const auto answers = driveShown({
         R"({"do":"press","tag":102})",
         R"({"do":"press","tag":315})",
         R"({"do":"type","tag":311,"text":"5-7x"})",
@@ -67,7 +36,7 @@ TEST_F(ExceptionsDrive, AddsExceptionsAndTellsOfWarnings) {
 }
 
 TEST_F(ExceptionsDrive, ShowsEveryViewOfTheDialog) {
-    const auto answers = drive({R"({"do":"press","tag":102})", R"({"do":"state"})"});
+    const auto answers = driveShown({R"({"do":"press","tag":102})", R"({"do":"state"})"});
     const ordered_json& state = answers[1].at("result");
     EXPECT_EQ(state.at("window"), "exceptions");
     EXPECT_EQ(state.at("title"), "Add Exceptions");
@@ -80,7 +49,7 @@ TEST_F(ExceptionsDrive, ShowsEveryViewOfTheDialog) {
 }
 
 TEST_F(ExceptionsDrive, RefusesWhatAPersonCannotDo) {
-    const auto answers = drive({
+    const auto answers = driveShown({
         R"({"do":"press","tag":102})",
         R"({"do":"choose","tag":314,"item":0})",
         R"({"do":"choose","tag":312,"item":1})",
@@ -102,7 +71,7 @@ TEST_F(ExceptionsDrive, RefusesWhatAPersonCannotDo) {
 }
 
 TEST_F(ExceptionsDrive, AnEndOfInputInsideTheDialogCancelsIt) {
-    const auto answers = drive({R"({"do":"press","tag":102})", R"({"do":"type","tag":311,"text":"5"})"});
+    const auto answers = driveShown({R"({"do":"press","tag":102})", R"({"do":"type","tag":311,"text":"5"})"});
     EXPECT_EQ(answers[1].at("window"), "exceptions");
 }
 

@@ -1,7 +1,6 @@
 // apply --job and menus through the real pane, loaded from the bundle of this build, on the sample printer.
 #include "cli/cli_fixtures.h"
-#include "host/PaneModule.h"
-#include "host/host_fixtures.h"
+#include "cli/sample_pane.h"
 #include "platform/foundation/atomic_file.h"
 #include "testing/paths.h"
 
@@ -15,16 +14,15 @@
 namespace specialpages::cli {
 namespace {
 
-using host::testing::ScopedVariable;
 using host::testing::TemporaryFolder;
 using nlohmann::ordered_json;
 using testing::Ran;
 using testing::run;
 
-const std::string kPpd = paths::source_dir() + "/examples/ppd/production.ppd";
+const std::string& kPpd = testing::kSamplePpd;
 const std::string kPrefix = "com.norvalen.nb.rtz.printsettings.";
 
-class JobCommands : public ::testing::Test {
+class JobCommands : public testing::SamplePaneTest {
   protected:
     Ran apply(const std::string& job, std::vector<std::string> more = {}) {
         more.insert(more.begin(), {"apply", "--ppd", kPpd, "--job", "-"});
@@ -49,10 +47,6 @@ class JobCommands : public ::testing::Test {
         EXPECT_EQ(ran.out, "") << "nothing is written";
         return ran.err;
     }
-
-    TemporaryFolder folder_;
-    ScopedVariable configuration_{"XDG_CONFIG_HOME", folder_.path().c_str()};
-    ScopedVariable bundle_{host::kBundleVariable, paths::bundle_dir().c_str()};
 };
 using Records = std::vector<std::string>;
 

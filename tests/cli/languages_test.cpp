@@ -1,8 +1,7 @@
 // What the commands show of the pane in each language, against kept outputs, and that the language changes
 // words only: what goes to the printer is the same in all of them.
 #include "cli/cli_fixtures.h"
-#include "host/PaneModule.h"
-#include "host/host_fixtures.h"
+#include "cli/sample_pane.h"
 #include "testing/text_picture.h"
 
 #include <gtest/gtest.h>
@@ -15,17 +14,15 @@
 namespace specialpages::cli {
 namespace {
 
-using host::testing::ScopedVariable;
-using host::testing::TemporaryFolder;
 using test::expect_picture;
 using testing::Ran;
 using testing::run;
 using Texts = std::vector<std::string>;
 
 const std::string kExamples = paths::source_dir() + "/examples/";
-const std::string kPpd = kExamples + "ppd/production.ppd";
+const std::string& kPpd = testing::kSamplePpd;
 
-class LanguageOfCommands : public ::testing::TestWithParam<std::string> {
+class LanguageOfCommands : public testing::SamplePaneTest, public ::testing::WithParamInterface<std::string> {
   protected:
     /// What the command writes in that language; its exit code must be 0.
     static std::string written(Texts command, const std::string& language) {
@@ -37,10 +34,6 @@ class LanguageOfCommands : public ::testing::TestWithParam<std::string> {
     static std::string golden(const std::string& name) {
         return "cli/golden/" + name + "-" + GetParam() + ".txt";
     }
-
-    TemporaryFolder folder_;
-    ScopedVariable configuration_{"XDG_CONFIG_HOME", folder_.path().c_str()};
-    ScopedVariable bundle_{host::kBundleVariable, paths::bundle_dir().c_str()};
 };
 
 /// The lines that are not a size, color or type of the printer: what the pane itself words.

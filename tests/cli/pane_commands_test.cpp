@@ -1,7 +1,7 @@
 // apply, show and drive through the real pane, loaded from the bundle of this build, on the sample printer.
 
 #include "cli/cli_fixtures.h"
-#include "host/PaneModule.h"
+#include "cli/sample_pane.h"
 #include "host/host_fixtures.h"
 #include "host/settings_file.h"
 #include "platform/foundation/log.h"
@@ -26,52 +26,27 @@ using testing::run;
 using Texts = std::vector<std::string>;
 
 const std::string kExamples = paths::source_dir() + "/examples/";
-const std::string kPpd = kExamples + "ppd/production.ppd";
+const std::string& kPpd = testing::kSamplePpd;
 const std::string kThreeRecords = kExamples + "settings/three-records.json";
 const std::string kPrefix = "com.norvalen.nb.rtz.printsettings.";
 
-/// Keeps what the pane writes for the user (its help book) in a folder of the test.
-class PaneCommands : public ::testing::Test {
-  protected:
-    TemporaryFolder folder_;
-    ScopedVariable configuration_{"XDG_CONFIG_HOME", folder_.path().c_str()};
-    ScopedVariable bundle_{host::kBundleVariable, paths::bundle_dir().c_str()};
-};
+using PaneCommands = testing::SamplePaneTest;
 
 ordered_json parsed(const Ran& ran) {
     EXPECT_EQ(ran.exit, 0) << ran.err;
     return ordered_json::parse(ran.out, nullptr, false);
 }
 
-std::vector<ordered_json> drive(const std::vector<std::string>& arguments, const Texts& requests) {
-    std::string input;
-    for (const std::string& request : requests) {
-        input += request + "\n";
-    }
-    std::vector<std::string> all{"drive", "--ppd", kPpd};
-    all.insert(all.end(), arguments.begin(), arguments.end());
-    const Ran ran = run(all, input);
-    EXPECT_EQ(ran.exit, 0) << ran.err;
-    std::vector<ordered_json> answers;
-    std::istringstream lines(ran.out);
-    for (std::string line; std::getline(lines, line);) {
-        answers.push_back(ordered_json::parse(line, nullptr, false));
-    }
-    EXPECT_EQ(answers.size(), requests.size());
-    answers.resize(requests.size());
-    return answers;
-}
-
 TEST_F(PaneCommands, DriveReachesTheWindowsThatAPaperMenuOpens) {
     const auto answers =
-        drive({}, {R"({"do":"host","call":"restore"})", R"({"do":"press","tag":100})",
-                   R"({"do":"choose","tag":201,"item":1})", R"({"do":"choose","tag":204,"menu":2,"item":34})",
-                   R"({"do":"press","tag":718})", R"({"do":"type","tag":712,"text":"8.5"})",
-                   R"({"do":"press","tag":751})", R"({"do":"type","tag":712,"text":"8.50"})",
-                   R"({"do":"step","tag":734,"value":1200})", R"({"do":"press","tag":751})",
-                   R"({"do":"choose","tag":204,"item":6})", R"({"do":"choose","tag":407,"item":2})",
-                   R"({"do":"press","tag":411})", R"({"do":"press","tag":217})",
-                   R"({"do":"host","call":"save"})", R"({"do":"settings"})"});
+        drive({R"({"do":"host","call":"restore"})", R"({"do":"press","tag":100})",
+               R"({"do":"choose","tag":201,"item":1})", R"({"do":"choose","tag":204,"menu":2,"item":34})",
+               R"({"do":"press","tag":718})", R"({"do":"type","tag":712,"text":"8.5"})",
+               R"({"do":"press","tag":751})", R"({"do":"type","tag":712,"text":"8.50"})",
+               R"({"do":"step","tag":734,"value":1200})", R"({"do":"press","tag":751})",
+               R"({"do":"choose","tag":204,"item":6})", R"({"do":"choose","tag":407,"item":2})",
+               R"({"do":"press","tag":411})", R"({"do":"press","tag":217})", R"({"do":"host","call":"save"})",
+               R"({"do":"settings"})"});
     Texts windows;
     for (const ordered_json& answer : answers) {
         EXPECT_EQ(answer.value("ok", false), true) << answer;
@@ -217,10 +192,10 @@ TEST_F(PaneCommands, ShowWithoutAPpdNeedsNoPane) {
 
 TEST_F(PaneCommands, DriveRestoresSelectsDeletesNothingUnaskedAndPrints) {
     const auto answers =
-        drive({"--settings", kThreeRecords},
-              {R"({"do":"host","call":"restore"})", R"({"do":"state"})",
+        drive({R"({"do":"host","call":"restore"})", R"({"do":"state"})",
                R"({"do":"selectRows","tag":104,"rows":[0,2]})", R"({"do":"state"})",
-               R"({"do":"host","call":"shouldPrint"})", R"({"do":"settings"})", R"({"do":"quit"})"});
+               R"({"do":"host","call":"shouldPrint"})", R"({"do":"settings"})", R"({"do":"quit"})"},
+              {"--settings", kThreeRecords});
     for (const ordered_json& answer : answers) {
         EXPECT_EQ(answer.value("ok", false), true) << answer.dump();
         EXPECT_EQ(answer.value("window", ""), "pane");
@@ -238,22 +213,22 @@ TEST_F(PaneCommands, DriveRestoresSelectsDeletesNothingUnaskedAndPrints) {
 }
 
 TEST_F(PaneCommands, DriveLoadsThePaneAndWaits) {
-    const auto answers = drive({}, {R"({"do":"settings"})", R"({"do":"state"})"});
+    const auto answers = drive({R"({"do":"settings"})", R"({"do":"state"})"});
     EXPECT_EQ(answers[0].at("result"), ordered_json::object());
     EXPECT_EQ(answers[1].at("result").at("views").at("104").at("rows"), ordered_json::array());
 }
 
 TEST_F(PaneCommands, DriveRefusesAButtonThatIsDisabled) {
-    const auto answers = drive({}, {R"({"do":"host","call":"restore"})", R"({"do":"press","tag":106})"});
+    const auto answers = drive({R"({"do":"host","call":"restore"})", R"({"do":"press","tag":106})"});
     EXPECT_EQ(answers[1].dump(), R"({"ok":false,"error":"button 106: disabled"})");
 }
 
 TEST_F(PaneCommands, DriveDoubleClicksBelowTheRowsWithoutADialog) {
     const auto answers =
-        drive({"--settings", kThreeRecords},
-              {R"({"do":"host","call":"restore"})", R"({"do":"doubleClick","tag":104})",
+        drive({R"({"do":"host","call":"restore"})", R"({"do":"doubleClick","tag":104})",
                R"({"do":"choose","tag":104,"item":0})", R"({"do":"type","tag":104,"text":""})",
-               R"({"do":"step","tag":104,"value":0})"});
+               R"({"do":"step","tag":104,"value":0})"},
+              {"--settings", kThreeRecords});
     EXPECT_EQ(answers[1].dump(), R"({"ok":true,"window":"pane","alerts":[],"beeps":0})");
     EXPECT_EQ(answers[2].dump(), R"({"ok":false,"error":"table 104: expected a popup"})");
     EXPECT_EQ(answers[3].dump(), R"({"ok":false,"error":"table 104: expected a field"})");

@@ -2,17 +2,13 @@
 // shows at that moment, sensible ones and others. No crash, no hang, every request answered, and the list of
 // special pages in order whenever the pane is at rest.
 #include "cli/random_user.h"
-#include "host/PaneModule.h"
-#include "host/host_fixtures.h"
-#include "testing/paths.h"
+#include "cli/sample_pane.h"
 
 #include <gtest/gtest.h>
 
 namespace specialpages::cli {
 namespace {
 
-using host::testing::ScopedVariable;
-using host::testing::TemporaryFolder;
 using testing::RandomUser;
 
 /// A tenth of the thousand scripts each, so that they can run side by side; a tenth of that where every
@@ -28,12 +24,7 @@ constexpr std::uint32_t kScripts = 10;
 constexpr std::uint32_t kScripts = 100;
 #endif
 
-class RandomDrive : public ::testing::TestWithParam<std::uint32_t> {
-  protected:
-    TemporaryFolder folder_;
-    ScopedVariable configuration_{"XDG_CONFIG_HOME", folder_.path().c_str()};
-    ScopedVariable bundle_{host::kBundleVariable, paths::bundle_dir().c_str()};
-};
+class RandomDrive : public testing::SamplePaneTest, public ::testing::WithParamInterface<std::uint32_t> {};
 
 TEST_P(RandomDrive, ScriptsKeepThePaneInOrder) {
     int records = 0;

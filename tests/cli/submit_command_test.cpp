@@ -1,7 +1,7 @@
 // submit and lp-options through a real print server and the example filter: what the filter finds in a job is
 // what was declared.
 #include "cli/cli_fixtures.h"
-#include "host/PaneModule.h"
+#include "cli/sample_pane.h"
 #include "host/job_options.h"
 #include "host/settings_file.h"
 #include "records/ticket_keys.h"
@@ -76,23 +76,16 @@ std::vector<std::string> hostile_texts() {
             "a = b", "\\n",    "'a,b'",    "\"a b\"", "\\\"",   "copies=9"};
 }
 
-class SubmitWithoutServer : public ::testing::Test {
+class SubmitWithoutServer : public testing::SamplePaneTest {
   protected:
     std::string document(const std::string& text = "one page") const {
         return folder_.write("doc.pdf", pdf(text)).string();
     }
-    host::testing::TemporaryFolder folder_;
-    ScopedVariable configuration_{"XDG_CONFIG_HOME", folder_.path().c_str()};
-    ScopedVariable bundle_{host::kBundleVariable, paths::bundle_dir().c_str()};
 };
 
 class SubmitCommand : public SubmitWithoutServer {
   protected:
-    void SetUp() override {
-        if (!test::has_cupsd()) {
-            GTEST_SKIP() << "no cupsd";
-        }
-    }
+    void SetUp() override { ASSERT_TRUE(test::has_cupsd()) << "no cupsd: scripts/setup tests installs it"; }
     /// The settings of the file, without the pane's own records.
     fs::path without_records(const fs::path& file) const {
         platform::PrintSettings settings = host::read_settings_file(file);

@@ -1,64 +1,34 @@
 // The tab stock windows by the line protocol: every view of them is reached, in the real pane.
-#include "cli/cli_fixtures.h"
-#include "host/PaneModule.h"
-#include "host/host_fixtures.h"
-#include "testing/paths.h"
+#include "cli/sample_pane.h"
 
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
-#include <sstream>
 #include <string>
-#include <vector>
 
 namespace specialpages::cli {
 namespace {
 
 using nlohmann::ordered_json;
 
-class TabStockDrive : public ::testing::Test {
-  protected:
-    /// The answers to the requests, after the pane was restored.
-    std::vector<ordered_json> drive(std::vector<std::string> requests) {
-        requests.insert(requests.begin(), R"({"do":"host","call":"restore"})");
-        std::string input;
-        for (const std::string& request : requests) {
-            input += request + "\n";
-        }
-        const std::string ppd = paths::source_dir() + "/examples/ppd/production.ppd";
-        const auto ran = testing::run({"drive", "--ppd", ppd}, input);
-        EXPECT_EQ(ran.exit, 0) << ran.err;
-        std::vector<ordered_json> answers;
-        std::istringstream lines(ran.out);
-        for (std::string line; std::getline(lines, line);) {
-            answers.push_back(ordered_json::parse(line, nullptr, false));
-        }
-        EXPECT_EQ(answers.size(), requests.size());
-        answers.resize(requests.size());
-        answers.erase(answers.begin());
-        return answers;
-    }
-    /// "tag class value" of each view, marked where it is disabled or hidden.
-    static std::string views(const ordered_json& answer) {
-        std::string all;
-        for (const auto& [tag, view] : answer.at("result").at("views").items()) {
-            all += tag + " " + view.at("class").get<std::string>();
-            for (const char* what : {"title", "text", "value"}) {
-                all += view.contains(what) ? " " + view.at(what).dump() : "";
-            }
-            all += view.at("enabled").get<bool>() ? "" : " disabled";
-            all += view.at("hidden").get<bool>() ? " hidden\n" : "\n";
-        }
-        return all;
-    }
+using TabStockDrive = testing::SamplePaneTest;
 
-    host::testing::TemporaryFolder folder_;
-    host::testing::ScopedVariable configuration_{"XDG_CONFIG_HOME", folder_.path().c_str()};
-    host::testing::ScopedVariable bundle_{host::kBundleVariable, paths::bundle_dir().c_str()};
-};
+/// "tag class value" of each view, marked where it is disabled or hidden.
+std::string views(const ordered_json& answer) {
+    std::string all;
+    for (const auto& [tag, view] : answer.at("result").at("views").items()) {
+        all += tag + " " + view.at("class").get<std::string>();
+        for (const char* what : {"title", "text", "value"}) {
+            all += view.contains(what) ? " " + view.at(what).dump() : "";
+        }
+        all += view.at("enabled").get<bool>() ? "" : " disabled";
+        all += view.at("hidden").get<bool>() ? " hidden\n" : "\n";
+    }
+    return all;
+}
 
 TEST_F(TabStockDrive, ExceptionsOpenTheLargeWindow) {
-    const auto answers = drive({
+    const auto answers = driveShown({
         R"({"do":"press","tag":102})",
         R"({"do":"choose","tag":312,"menu":4,"item":37})",
         R"({"do":"state"})",
@@ -109,7 +79,7 @@ TEST_F(TabStockDrive, ExceptionsOpenTheLargeWindow) {
 }
 
 TEST_F(TabStockDrive, CoversAndInsertsOpenTheSmallWindow) {
-    const auto answers = drive({
+    const auto answers = driveShown({
         R"({"do":"press","tag":100})",
         R"({"do":"choose","tag":201,"item":1})",
         R"({"do":"choose","tag":204,"menu":4,"item":38})",
@@ -138,7 +108,7 @@ TEST_F(TabStockDrive, CoversAndInsertsOpenTheSmallWindow) {
 }
 
 TEST_F(TabStockDrive, TabStockRaisesItsFlagInThePrintedJob) {
-    const auto answers = drive({
+    const auto answers = driveShown({
         R"({"do":"press","tag":102})",
         R"({"do":"type","tag":311,"text":"2"})",
         R"({"do":"choose","tag":312,"menu":4,"item":37})",

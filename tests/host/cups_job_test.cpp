@@ -38,11 +38,7 @@ class BlockStream : public std::streambuf {
 
 class CupsJobs : public ::testing::Test {
   protected:
-    void SetUp() override {
-        if (!test::has_cupsd()) {
-            GTEST_SKIP() << "no cupsd";
-        }
-    }
+    void SetUp() override { ASSERT_TRUE(test::has_cupsd()) << "no cupsd: scripts/setup tests installs it"; }
     static CupsJob submit(const std::string& bytes = pdf("one page"), const JobOptions& options = {},
                           const Interrupted& interrupted = {}) {
         std::istringstream in(bytes);

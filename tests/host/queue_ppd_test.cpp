@@ -18,11 +18,7 @@ using testing::ScopedVariable;
 
 class QueuePpds : public ::testing::Test {
   protected:
-    void SetUp() override {
-        if (!test::has_cupsd()) {
-            GTEST_SKIP() << "no cupsd";
-        }
-    }
+    void SetUp() override { ASSERT_TRUE(test::has_cupsd()) << "no cupsd: scripts/setup tests installs it"; }
     /// How often the server was asked for a PPD, by its answer (200 OK, 304 not modified).
     static std::size_t asked(const PrivateCupsd& server, const std::string& answer) {
         const std::string log = read_bytes(server.dir() / "log/access");

@@ -322,9 +322,7 @@ TEST_F(PrintersTest, TheCheckBoxSpeaksTheLanguageOfThePane) {
 }
 
 TEST_F(PrintProgramTest, PrintsThroughARealPrintServer) {
-    if (!test::has_cupsd()) {
-        GTEST_SKIP() << "no cupsd";
-    }
+    ASSERT_TRUE(test::has_cupsd()) << "no cupsd: scripts/setup tests installs it";
     const test::PrivateCupsd server;
     PrintOptions options;
     options.document = make_pdf(folder_.path() / "handbook.pdf", 2).string();
@@ -349,9 +347,7 @@ TEST_F(PrintProgramTest, PrintsThroughARealPrintServer) {
 }
 
 TEST_F(PrintProgramTest, APpdWithoutAQueueIsChosenBesideRealQueues) {
-    if (!test::has_cupsd()) {
-        GTEST_SKIP() << "no cupsd";
-    }
+    ASSERT_TRUE(test::has_cupsd()) << "no cupsd: scripts/setup tests installs it";
     const test::PrivateCupsd server;
     PrintOptions options;
     options.ppd = sample("desk");
@@ -364,9 +360,7 @@ TEST_F(PrintProgramTest, APpdWithoutAQueueIsChosenBesideRealQueues) {
 }
 
 TEST_F(PrintProgramTest, AStoppedServerIsAMessageAndTheDialogStays) {
-    if (!test::has_cupsd()) {
-        GTEST_SKIP() << "no cupsd";
-    }
+    ASSERT_TRUE(test::has_cupsd()) << "no cupsd: scripts/setup tests installs it";
     test::PrivateCupsd server;
     PrintOptions options;
     options.document = make_pdf(folder_.path() / "handbook.pdf", 2).string();

@@ -11,7 +11,10 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <openssl/bn.h>
+#include <openssl/core_names.h>
 #include <openssl/evp.h>
+#include <openssl/param_build.h>
 #include <openssl/pem.h>
 #include <openssl/rsa.h>
 #include <optional>
@@ -19,9 +22,31 @@
 
 namespace specialpages::test {
 
-/// A private key of tests/data/keys, which protects nothing.
+/// A private key that protects nothing: of tests/data/keys, or of published numbers.
 class TestKey {
   public:
+    /// Modulus, public and private exponent, highest byte first.
+    TestKey(platform::ByteView n, platform::ByteView e, platform::ByteView d) {
+        OSSL_PARAM_BLD* numbers = OSSL_PARAM_BLD_new();
+        BIGNUM* modulus = number(n);
+        BIGNUM* publicExponent = number(e);
+        BIGNUM* privateExponent = number(d);
+        OSSL_PARAM_BLD_push_BN(numbers, OSSL_PKEY_PARAM_RSA_N, modulus);
+        OSSL_PARAM_BLD_push_BN(numbers, OSSL_PKEY_PARAM_RSA_E, publicExponent);
+        OSSL_PARAM_BLD_push_BN(numbers, OSSL_PKEY_PARAM_RSA_D, privateExponent);
+        OSSL_PARAM* parameters = OSSL_PARAM_BLD_to_param(numbers);
+        EVP_PKEY_CTX* context = EVP_PKEY_CTX_new_from_name(nullptr, "RSA", nullptr);
+        if (EVP_PKEY_fromdata_init(context) != 1 ||
+            EVP_PKEY_fromdata(context, &key_, EVP_PKEY_KEYPAIR, parameters) != 1) {
+            ADD_FAILURE() << "these numbers are no RSA key";
+        }
+        EVP_PKEY_CTX_free(context);
+        OSSL_PARAM_free(parameters);
+        OSSL_PARAM_BLD_free(numbers);
+        for (BIGNUM* each : {modulus, publicExponent, privateExponent}) {
+            BN_free(each);
+        }
+    }
     explicit TestKey(int bits) {
         const std::string path =
             paths::source_dir() + "/tests/data/keys/test-" + std::to_string(bits) + ".pem";
@@ -71,6 +96,10 @@ class TestKey {
     }
 
   private:
+    static BIGNUM* number(platform::ByteView bytes) {
+        return BN_bin2bn(bytes.data(), static_cast<int>(bytes.size()), nullptr);
+    }
+
     static platform::Bytes taken(unsigned char* der, int size) {
         platform::Bytes bytes(der, der + std::max(size, 0));
         OPENSSL_free(der);

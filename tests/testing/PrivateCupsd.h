@@ -30,7 +30,7 @@
 
 namespace specialpages::test {
 
-/// Whether there is a print server to start. Tests skip where there is none, and for no other reason.
+/// Whether there is a print server to start: one of the packages that scripts/setup installs for the tests.
 inline bool has_cupsd() {
     return std::filesystem::exists("/usr/sbin/cupsd");
 }

@@ -151,15 +151,40 @@ TEST(AtomicFile, AFullDiskLeavesTheOldFileAndNothingElse) {
     EXPECT_EQ(files_in(home.path()), 1U);
 }
 
-TEST(AtomicFile, AFolderWithoutPermissionIsAFailure) {
-    if (::geteuid() == 0) {
-        GTEST_SKIP() << "root may write everywhere";
+/// root may write everywhere, so this process goes on as an ordinary account, which owns the folder, until
+/// the end.
+class AsOrdinaryAccount {
+  public:
+    explicit AsOrdinaryAccount(const std::filesystem::path& folder) {
+        if (::geteuid() == 0) {
+            EXPECT_EQ(::chown(folder.c_str(), kNobody, kNobody), 0);
+            EXPECT_EQ(::seteuid(kNobody), 0);
+            changed_ = true;
+        }
     }
+    ~AsOrdinaryAccount() {
+        if (changed_) {
+            EXPECT_EQ(::seteuid(0), 0);
+        }
+    }
+    AsOrdinaryAccount(const AsOrdinaryAccount&) = delete;
+    AsOrdinaryAccount& operator=(const AsOrdinaryAccount&) = delete;
+
+  private:
+    static constexpr uid_t kNobody = 65534;
+    bool changed_ = false;
+};
+
+TEST(AtomicFile, AFolderWithoutPermissionIsAFailure) {
     const TemporaryDirectory home;
     write_test_file(home / "a", "old");
-    ASSERT_EQ(::chmod(home.path().c_str(), 0500), 0);
-    const std::string error = write_file_atomically(home / "a", "x");
-    ASSERT_EQ(::chmod(home.path().c_str(), 0700), 0);
+    std::string error;
+    {
+        const AsOrdinaryAccount account(home.path());
+        ASSERT_EQ(::chmod(home.path().c_str(), 0500), 0);
+        error = write_file_atomically(home / "a", "x");
+        ASSERT_EQ(::chmod(home.path().c_str(), 0700), 0);
+    }
     EXPECT_EQ(error, "cannot write " + (home / "a").string() + ": Permission denied");
     EXPECT_EQ(read_test_file(home / "a"), "old");
     EXPECT_EQ(files_in(home.path()), 1U);
