@@ -6,6 +6,7 @@
 #include "host/settings_file.h"
 #include "records/ticket_keys.h"
 #include "testing/PrivateCupsd.h"
+#include "testing/special_jobs.h"
 
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
@@ -47,35 +48,6 @@ std::string shown(const fs::path& settings) {
     return ran.out;
 }
 
-/// A job of many special pages, in words.
-std::string many_special_pages(int inserts, int exceptions) {
-    ordered_json job{{"inserts", ordered_json::array()}, {"exceptions", ordered_json::array()}};
-    for (int page = 1; page <= inserts; page += 10) {
-        std::string pages;
-        for (int i = page; i < page + 10 && i <= inserts; ++i) {
-            pages += (pages.empty() ? "" : ",") + std::to_string(i);
-        }
-        job["inserts"].push_back({{"after", pages}, {"sheets", 1}, {"paper", {{"color", "Yellow"}}}});
-    }
-    for (int i = 0; i < exceptions; ++i) {
-        job["exceptions"].push_back({{"pages", std::to_string(1000 + 2 * i)},
-                                     {"sides", "two-sided-long-edge"},
-                                     {"paper", {{"size", "A3"}, {"type", "ThickPaper"}}}});
-    }
-    return job.dump();
-}
-
-/// Texts that are harmless on their way only when everybody quotes as they should.
-std::vector<std::string> hostile_texts() {
-    return {"",      " ",      "  a  ",    "'",       "''",     "\"",      "\\",         "\\\\",
-            "a\\",   "\\'",    "$HOME",    "$(id)",   "`id`",   "!!",      "*",          "~",
-            "#x",    ";false", "&&",       "|",       "> x",    "-o",      "a=b c=d",    "a{b}",
-            "}",     ",",      ",,",       "a,'b',c", "no",     "yes",     "truefalse",  "0",
-            "1-2",   "%s%n",   "\xC3\xA9", "'\"'\"'", "\\ \\x", "a/b",     "/49/44/300", "=",
-            "==",    "a\"b'c", "<x>",      "&amp;",   "none",   "[1]",     "job-id=7",   "\xE2\x82\xAC",
-            "a = b", "\\n",    "'a,b'",    "\"a b\"", "\\\"",   "copies=9"};
-}
-
 class SubmitWithoutServer : public testing::SamplePaneTest {
   protected:
     std::string document(const std::string& text = "one page") const {
@@ -86,36 +58,6 @@ class SubmitWithoutServer : public testing::SamplePaneTest {
 class SubmitCommand : public SubmitWithoutServer {
   protected:
     void SetUp() override { ASSERT_TRUE(test::has_cupsd()) << "no cupsd: scripts/setup tests installs it"; }
-    /// The settings of the file, without the pane's own records.
-    fs::path without_records(const fs::path& file) const {
-        platform::PrintSettings settings = host::read_settings_file(file);
-        const auto entries = settings.entries();
-        for (const auto& entry : entries) {
-            if (entry.key.starts_with(kNPIFCommandTicket)) {
-                settings.remove(entry.key);
-            }
-        }
-        fs::path out = folder_.path() / "without-records.json";
-        host::write_settings_file(out, settings);
-        return out;
-    }
-    /// Every setting is an option of the job, byte for byte.
-    static void expect_options(const PrivateCupsd& server, int job, const fs::path& file) {
-        const auto options = server.options(job);
-        const platform::PrintSettings settings = host::read_settings_file(file);
-        for (const auto& entry : settings.entries()) {
-            const auto found = options.find(entry.key);
-            ASSERT_NE(found, options.end()) << entry.key;
-            const auto* const text = std::get_if<std::string>(&entry.value);
-            std::string expected = text == nullptr ? "" : *text;
-            if (text == nullptr) {
-                for (const std::string& part : std::get<std::vector<std::string>>(entry.value)) {
-                    expected += (expected.empty() ? "" : ",") + part;
-                }
-            }
-            EXPECT_EQ(found->second, expected) << entry.key;
-        }
-    }
 };
 
 // Printed as the server of both kinds of account.
@@ -167,7 +109,7 @@ TEST_P(SubmitAs, AJobInWordsGoesThroughThePaneOfTheQueuesPpd) {
 TEST_P(SubmitAs, FiveHundredSpecialPagesArriveWithoutThePanesOwnRecords) {
     const PrivateCupsd server(filtered());
     const fs::path kept = folder_.path() / "kept.json";
-    const fs::path job = folder_.write("job.json", many_special_pages(250, 250));
+    const fs::path job = folder_.write("job.json", test::many_special_pages(250, 250));
     const Ran ran =
         run({"submit", "--printer", "prod", "--job", job.string(), "--out", kept.string(), document()});
     EXPECT_EQ(ran.exit, 0) << ran.err;
@@ -175,7 +117,9 @@ TEST_P(SubmitAs, FiveHundredSpecialPagesArriveWithoutThePanesOwnRecords) {
         ran.err,
         "special-pages: the job goes without the pane's own records (501 options, 45842 bytes), which only "
         "the pane reads; the settings file keeps them\n");
-    EXPECT_EQ(server.written("filter.log"), shown(without_records(kept)));
+    const fs::path bare = folder_.path() / "without-records.json";
+    host::write_settings_file(bare, test::without_records(kept));
+    EXPECT_EQ(server.written("filter.log"), shown(bare));
     const std::string all = shown(kept);
     const std::string log = server.written("filter.log");
     EXPECT_EQ(all.substr(all.find("\nCommands")), log.substr(log.find("\nCommands"))) << "no command is lost";
@@ -185,33 +129,27 @@ TEST_P(SubmitAs, FiveHundredSpecialPagesArriveWithoutThePanesOwnRecords) {
 TEST_P(SubmitAs, FiveHundredSpecialPagesArriveByteForByte) {
     const PrivateCupsd server(written());
     const fs::path kept = folder_.path() / "kept.json";
-    const fs::path job = folder_.write("job.json", many_special_pages(250, 250));
+    const fs::path job = folder_.write("job.json", test::many_special_pages(250, 250));
     const Ran ran =
         run({"submit", "--printer", "prod", "--job", job.string(), "--out", kept.string(), document()});
     EXPECT_EQ(ran.exit, 0) << ran.err;
-    expect_options(server, 1, without_records(kept));
+    test::expect_options(server, 1, test::without_records(kept));
     EXPECT_LT(server.written("job-1.options").size(), host::kFilterArgumentBytes);
 }
 
 TEST_P(SubmitAs, HostileTextsArriveUnchanged) {
     const PrivateCupsd server(written());
-    platform::PrintSettings settings;
-    for (const std::string& text : hostile_texts()) {
-        settings.setValue(kPrefix + "k." + std::to_string(settings.entries().size()), text, false);
-    }
-    settings.setValue(kPrefix + "long", std::string(32767, '/'), false);
-    settings.setValue(kPrefix + "list", std::vector<std::string>{"A 4", "'", "\"\\"}, false);
     const fs::path file = folder_.path() / "hostile.json";
-    host::write_settings_file(file, settings);
+    host::write_settings_file(file, test::hostile_settings());
     const Ran ran = run({"submit", "--printer", "prod", "--settings", file.string(), document()});
     EXPECT_EQ(ran.exit, 0) << ran.err;
-    expect_options(server, 1, file);
+    test::expect_options(server, 1, host::read_settings_file(file));
 
     const Shell lp =
         shell("eval \"lp -d prod $(" + program() + " lp-options " + file.string() + ") " + document() + "\"");
     EXPECT_EQ(lp.exit, 0) << lp.out;
     ASSERT_TRUE(server.waitForAll());
-    expect_options(server, 2, file);
+    test::expect_options(server, 2, host::read_settings_file(file));
 }
 
 TEST_P(SubmitAs, LpPrintsWhatLpOptionsWrote) {
@@ -350,7 +288,7 @@ TEST_F(SubmitCommand, TheMostThatIsAllowedReallyArrives) {
     const fs::path named = folder_.write(std::string(251, ' ') + ".pdf", pdf("x"));
     const Ran ran = run({"submit", "--printer", "prod", "--settings", file.string(), named.string()});
     EXPECT_EQ(ran.exit, 0) << ran.err;
-    expect_options(server, 1, file);
+    test::expect_options(server, 1, host::read_settings_file(file));
     EXPECT_LT(server.written("job-1.options").size(), host::kFilterArgumentBytes);
 }
 
