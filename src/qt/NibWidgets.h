@@ -1,6 +1,8 @@
 // The widgets of a nib, made by Qt's own loader from the Designer source that the bundle carries: the same
 // XML that the headless loader makes the models from. What a widget becomes is decided by its view's kind, so
 // that a list drawn as a combo box is a PopUpWidget, arrows drawn as a spin box a StepperWidget, and so on.
+// A window's widgets are made when the first of them is asked for: a print dialog opens with the pane, and
+// most of a nib is in windows that few jobs need.
 #pragma once
 
 #include "platform/toolkit/Nib.h"
@@ -8,39 +10,52 @@
 #include <QString>
 #include <filesystem>
 #include <map>
+#include <memory>
 #include <string>
 #include <vector>
 
 class QWidget;
+namespace pugi {
+class xml_node;
+}
 
 namespace specialpages::qt {
 
 class NibWidgets {
   public:
-    /// Loads the nib's source. Every named element of the nib has its widget afterwards. HostError (other),
-    /// naming file and widget, when the file cannot be read or a widget is missing or of another kind than
-    /// its view. The widgets belong to `parent` (not null) and are not shown.
+    /// Loads the nib's source. Every named element of the nib that is in no window has its widget afterwards,
+    /// and every one in a window can have it. HostError (other), naming file and widget, when the file cannot
+    /// be read or a widget is missing or of another kind than its view. The widgets belong to `parent` and
+    /// are not shown.
     NibWidgets(const std::filesystem::path& file, QWidget& parent);
 
-    /// The nib's root: it holds the views that are in no window, and the windows are its children.
+    /// The nib's root: it holds the views that are in no window, and the windows that were made are its
+    /// children.
     QWidget& root() const { return *root_; }
-    /// The widget of that name, borrowed; null when the nib has none.
+    /// The widget of that name, borrowed; null when the nib has none. Makes the widgets of its window when
+    /// nobody has asked for one of them yet; HostError as in the constructor.
     QWidget* find(const std::string& name) const;
-    /// The widgets whose `nameFrom` in the nib is that name.
+    /// The widgets whose `nameFrom` in the nib is that name, once the window that they are in was made.
     const std::vector<QWidget*>& namedAfter(const std::string& label) const;
     /// The nib's tab stops, in their order.
     const std::vector<std::string>& tabStops() const { return tabStops_; }
 
   private:
-    void load(const std::string& xml, QWidget& parent);
-    void check(const platform::NibElement& element);
-    void orderTabStops() const;
+    void load(QWidget& parent);
+    void checkNames(const platform::NibElement& nib, const pugi::xml_node& ui) const;
+    void putOff(std::vector<platform::NibElement> windows, const platform::NibElement& made);
+    QWidget* make(const std::string& source, const platform::NibElement& element, QWidget& parent) const;
+    void checkKind(const platform::NibElement& element, QWidget* widget) const;
+    void orderTabStops(const QWidget& window) const;
 
     std::string file_;
+    std::string xml_;
     QWidget* root_ = nullptr;
-    std::map<std::string, QWidget*> widgets_;
-    std::map<std::string, std::vector<QWidget*>> namedAfter_;
     std::vector<std::string> tabStops_;
+    // What find moves on when it makes a window; the windows stand under the names of all that is in them.
+    mutable std::map<std::string, QWidget*> widgets_;
+    mutable std::map<std::string, std::vector<QWidget*>> namedAfter_;
+    mutable std::map<std::string, std::shared_ptr<const platform::NibElement>> unmade_;
 };
 
 } // namespace specialpages::qt

@@ -39,9 +39,6 @@ bool ViewBinding::showCommon(ViewChange change) {
     case ViewChange::toolTip:
         widget_.setToolTip(shown_text(view_.toolTip()));
         return true;
-    case ViewChange::display:
-        widget_.update();
-        return true;
     case ViewChange::tag:
         widget_.setProperty("tag", view_.tag());
         return true;
@@ -57,6 +54,7 @@ bool ViewBinding::showCommon(ViewChange change) {
     case ViewChange::focus:
     case ViewChange::image:
     case ViewChange::open:
+    case ViewChange::display: // what changed has told so, and its widget draws itself anew
         return false;
     }
     return false;

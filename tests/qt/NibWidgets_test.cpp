@@ -7,8 +7,11 @@
 
 #include <gtest/gtest.h>
 
+#include <QCoreApplication>
+#include <QDialog>
 #include <QWidget>
 #include <string>
+#include <vector>
 
 namespace specialpages::qt::testing {
 namespace {
@@ -37,6 +40,49 @@ TEST_F(NibWidgetsTest, EveryNamedElementOfThePanesNibHasItsWidget) {
     EXPECT_TRUE(widgets.find("CoversWindowRef")->isWindow());
     EXPECT_EQ(widgets.find("nobody"), nullptr);
     EXPECT_GT(widgets.tabStops().size(), 50U);
+}
+
+TEST_F(NibWidgetsTest, AWindowIsMadeWhenItIsAskedFor) {
+    QWidget parent;
+    const NibWidgets widgets(paths::source_dir() + "/resources/nibs/NVSpecialPages_Default01.ui", parent);
+    const auto windows = [&] {
+        std::vector<std::string> names;
+        for (const auto* const dialog : widgets.root().findChildren<QDialog*>()) {
+            names.push_back(dialog->objectName().toStdString());
+        }
+        return names;
+    };
+    EXPECT_EQ(windows(), std::vector<std::string>());
+    EXPECT_TRUE(widgets.namedAfter("spInstPaperViewTitle").empty());
+    QWidget* const text = widgets.find("spInstPaperView");
+    ASSERT_NE(text, nullptr);
+    EXPECT_EQ(windows(), std::vector<std::string>{"InsertWindowRef"});
+    EXPECT_EQ(widgets.namedAfter("spInstPaperViewTitle"), std::vector<QWidget*>{text});
+    EXPECT_EQ(text->window(), widgets.find("InsertWindowRef"));
+    EXPECT_EQ(widgets.find("spInstPaperView"), text);
+    EXPECT_EQ(windows().size(), 1U);
+}
+
+TEST_F(NibWidgetsTest, AWindowsWrongWidgetIsRefusedBeforeTheWindowIsMade) {
+    const auto in_window = [](const std::string& content) {
+        return R"(<widget class="QDialog" name="window">)" + content + "</widget>";
+    };
+    EXPECT_EQ(refusal(nib(in_window(R"(<widget class="Unknown" name="odd"><property name="kind" stdset="0">
+        <string>button</string></property></widget>)"))),
+              "expected a widget \"odd\" that can show its view, found none");
+    EXPECT_EQ(refusal(nib(in_window(R"(<widget class="QFrame" name="odd"><property name="kind" stdset="0">
+        <string>radio</string></property></widget>)"))),
+              "expected a widget \"odd\" that can show its view, found QFrame");
+    EXPECT_EQ(refusal(nib(in_window(R"(<widget class="QPlainTextEdit" name="text"><property name="nameFrom"
+        stdset="0"><string>gone</string></property></widget>)"))),
+              "expected a widget \"gone\", after which others are named");
+}
+
+TEST_F(NibWidgetsTest, ThePathsOfQtsPluginsAreAsBefore) {
+    const QStringList before = QCoreApplication::libraryPaths();
+    QWidget parent;
+    const NibWidgets widgets(nib(""), parent);
+    EXPECT_EQ(QCoreApplication::libraryPaths(), before);
 }
 
 TEST_F(NibWidgetsTest, AMissingFileIsNamed) {

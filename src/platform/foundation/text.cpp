@@ -35,6 +35,13 @@ Converter open_strict_converter(const char* encoding) {
 } // namespace
 
 bool is_valid_utf8(std::string_view bytes) {
+    if (bytes.size() > kMaxIcuUnits) {
+        return false;
+    }
+    // Most texts are ASCII for long stretches, which need no decoder.
+    const auto beyond =
+        std::ranges::find_if(bytes, [](char byte) { return static_cast<unsigned char>(byte) >= 0x80; });
+    bytes.remove_prefix(static_cast<std::size_t>(beyond - bytes.begin()));
     return utf16_length(bytes).has_value();
 }
 
