@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <string>
 #include <vector>
 
@@ -132,6 +133,39 @@ TEST(NpifReaderCommands, TakesPaperThatThePaneHasNoWordFor) {
     EXPECT_EQ(refusal_of("Insertion", "1,3,1,,,,"), "");
     EXPECT_EQ(refusal_of("Exception", "1,1,1,5,7,one-sided,,,,"), "");
     EXPECT_EQ(refusal_of("Exception", "1,1,1,5,7,one-sided,,,0,0"), "");
+}
+
+TEST(NpifReaderCommands, TakesEveryByteThatAWordMayHave) {
+    for (const char* const word : {"AZ", "az", "09", "_", "-"}) {
+        EXPECT_EQ(refusal_of("Cover", "0,1,print-none," + std::string(word) + ",white,21000,29700"), "")
+            << word;
+    }
+    for (const char neighbor : std::string("@[`{/:. ")) { // in the table of characters, or in a text
+        EXPECT_NE(refusal_of("Cover", "0,1,print-none,A" + std::string(1, neighbor) + ",white,21000,29700"),
+                  "")
+            << neighbor;
+    }
+}
+
+TEST(NpifReaderCommands, TakesAnExceptionOfTheFirstPageAlone) {
+    const Reader reader = reader_of("Exception", "1,1,1,1,1,one-sided,,,,");
+    ASSERT_TRUE(reader.ok());
+    EXPECT_EQ(reader.commands(NPIF_EXCEPTION)[0].exception.first, 1);
+    EXPECT_EQ(reader.commands(NPIF_EXCEPTION)[0].exception.last, 1);
+}
+
+TEST(NpifReaderCommands, AZeroByteFollowsEveryText) {
+    const Reader reader = reader_of("Cover", "1,1,print-back,NORMAL,white,21000,29700");
+    ASSERT_TRUE(reader.ok());
+    const npif_command& cover = reader.commands(NPIF_COVER)[0];
+    for (const npif_text text : {cover.text, cover.paper.type, cover.paper.color}) {
+        EXPECT_EQ(std::strlen(text.bytes), text.length) << view(text);
+    }
+    const Reader records(argument_of({{kPrefix + "NPIFCommandTicketCount", "1"},
+                                      {kPrefix + "NPIFCommandTicket_0", "2,5,2,0,0,false,2,210.0,297.0,1"}}));
+    ASSERT_EQ(records.records().size(), 1U);
+    const npif_text page = npif_record_text(&records.records()[0], NPIF_RECORD_PAGE);
+    EXPECT_EQ(std::strlen(page.bytes), page.length);
 }
 
 TEST(NpifReaderCommands, RefusesAnotherNumberOfFields) {
@@ -344,6 +378,8 @@ TEST(NpifReaderAnswers, AreNeutralForNullAndPastTheLast) {
     EXPECT_EQ(npif_reader_announced(nullptr), -1);
     EXPECT_EQ(npif_reader_option(nullptr, "a").bytes, nullptr);
     EXPECT_EQ(npif_record_text(nullptr, NPIF_RECORD_PAGE).bytes, nullptr);
+    EXPECT_EQ(npif_record_text(nullptr, NPIF_RECORD_PAGE).length, 0U);
+    EXPECT_EQ(npif_reader_option(nullptr, "a").length, 0U);
     EXPECT_EQ(npif_record_key_name(NPIF_RECORD_KEY_COUNT), nullptr);
     const Reader reader = reader_of("Cover", "0,0,print-none,interposer");
     EXPECT_EQ(npif_reader_command(reader.get(), NPIF_COVER, 1), nullptr);
