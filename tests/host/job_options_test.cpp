@@ -89,6 +89,8 @@ TEST(JobOptions, KeysThatDifferInCaseOnlyAreRefused) {
     EXPECT_STREQ(
         error.what(),
         "kEY: expected a key that differs from Key in more than case; a print job does not tell them apart");
+    EXPECT_EQ(error_of([] { options_of_settings(settings_of({{"AZ", "1"}, {"az", "2"}})); }).place(), "az");
+    EXPECT_EQ(options_of_settings(settings_of({{"@", "1"}, {"`", "2"}})).size(), 2U) << "no letters";
 }
 
 TEST(JobOptions, ArraysWhoseTextsACommaListDoesNotKeepApartAreRefused) {
@@ -215,12 +217,14 @@ TEST(JobOptions, OnlyRecordsAreLeftOut) {
     const std::string other = std::string(kPaneRecordKey) + "Note";
     settings.setValue(other, "stays", false);
     settings.setValue(std::string(kPaneRecordKey) + "_1x", "stays", false);
-    settings.setValue(std::string(kPaneRecordKey), "stays", false);
+    for (const char* const rest : {"", "_", "_x", "_x1", "1"}) {
+        settings.setValue(std::string(kPaneRecordKey) + rest, "stays", false);
+    }
     const CheckedOptions checked = job_options(settings, {});
     EXPECT_EQ(checked.recordsLeft, 2U);
     EXPECT_EQ(std::count_if(checked.options.begin(), checked.options.end(),
                             [](const JobOption& option) { return option.value == "stays"; }),
-              3);
+              7);
 }
 
 TEST(JobOptions, WhatIsTooBigWithoutRecordsIsRefusedWithBothNumbers) {

@@ -205,6 +205,9 @@ TEST(NpifReaderCommands, RefusesEachFieldOfACover) {
     EXPECT_EQ(refusal_of("Cover", "0,1,print-none,NORMAL,w\x01\xC3\xA4,21000,29700"),
               ", field 5, byte 23" + word + "\"w???\"");
     EXPECT_EQ(refusal_of("Cover", "0,1,print-none,NORMAL," + std::string(40, 'w') + ",21000,29700"), "");
+    const std::string whole = std::string(39, 'w') + " "; // as long as what is quoted
+    EXPECT_EQ(refusal_of("Cover", "0,1,print-none,NORMAL," + whole + ",21000,29700"),
+              ", field 5, byte 23" + word + "\"" + whole + "\"");
     EXPECT_EQ(refusal_of("Cover", "0,1,print-none,NORMAL," + std::string(41, 'w') + ",21000,29700"),
               ", field 5, byte 23" + word + "\"" + std::string(40, 'w') + "...\"");
     const std::string size = ": expected hundredths of a millimetre in digits, found ";
