@@ -1,6 +1,7 @@
 #include "qt/HelpViewer.h"
 
 #include "platform/foundation/Bundle.h"
+#include "qt/WindowTexts.h"
 #include "qt/text.h"
 
 #include <QApplication>
@@ -24,9 +25,10 @@ HelpViewer::HelpViewer(std::shared_ptr<platform::Bundle> bundle)
     : bundle_(std::move(bundle)), browser_(new QTextBrowser(this)) {
     // Pages are read where they lie; a link that leads out of the help opens nothing.
     browser_->setOpenExternalLinks(false);
-    auto* const back = new QPushButton(QTextBrowser::tr("Back"), this);
-    auto* const forward = new QPushButton(QTextBrowser::tr("Forward"), this);
-    auto* const close = new QPushButton(QTextBrowser::tr("Close"), this);
+    const WindowTexts texts(bundle_);
+    QPushButton* const back = addButton(texts(kHelpBack), "helpBack");
+    QPushButton* const forward = addButton(texts(kHelpForward), "helpForward");
+    QPushButton* const close = addButton(texts(kHelpClose), "helpClose");
     back->setShortcut(QKeySequence::Back);
     forward->setShortcut(QKeySequence::Forward);
     back->setEnabled(false);
@@ -39,16 +41,20 @@ HelpViewer::HelpViewer(std::shared_ptr<platform::Bundle> bundle)
     buttons->addWidget(close);
     layout->addWidget(browser_);
     layout->addLayout(buttons);
-    for (QPushButton* const button : {back, forward, close}) {
-        button->setAutoDefault(false);
-    }
-    browser_->setAccessibleName(QTextBrowser::tr("Help"));
+    browser_->setAccessibleName(texts(kHelpPage));
     QObject::connect(back, &QPushButton::clicked, browser_, &QTextBrowser::backward);
     QObject::connect(forward, &QPushButton::clicked, browser_, &QTextBrowser::forward);
     QObject::connect(close, &QPushButton::clicked, this, &QDialog::close);
     QObject::connect(browser_, &QTextBrowser::backwardAvailable, back, &QPushButton::setEnabled);
     QObject::connect(browser_, &QTextBrowser::forwardAvailable, forward, &QPushButton::setEnabled);
     resize(fontMetrics().averageCharWidth() * kColumns, fontMetrics().lineSpacing() * kLines);
+}
+
+QPushButton* HelpViewer::addButton(const QString& text, const char* name) {
+    auto* const button = new QPushButton(literal_label(model_text(text)), this);
+    button->setObjectName(QLatin1String(name));
+    button->setAutoDefault(false);
+    return button;
 }
 
 bool HelpViewer::showPage(std::string_view book, std::string_view page, std::string_view anchor,

@@ -5,6 +5,7 @@
 #include <memory>
 #include <string_view>
 
+class QPushButton;
 class QTextBrowser;
 
 namespace specialpages::platform {
@@ -15,6 +16,7 @@ namespace specialpages::qt {
 
 class HelpViewer : public QDialog {
   public:
+    /// Its buttons speak the language that the bundle (not null) prefers.
     explicit HelpViewer(std::shared_ptr<platform::Bundle> bundle);
 
     /// Shows the page (a file of the bundle's Help folder) at the anchor (may be empty), over the window of
@@ -24,6 +26,8 @@ class HelpViewer : public QDialog {
     QTextBrowser& browser() { return *browser_; }
 
   private:
+    QPushButton* addButton(const QString& text, const char* name);
+
     std::shared_ptr<platform::Bundle> bundle_;
     QTextBrowser* browser_;
 };
