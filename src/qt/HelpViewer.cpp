@@ -1,12 +1,13 @@
 #include "qt/HelpViewer.h"
 
 #include "platform/foundation/Bundle.h"
-#include "qt/WindowTexts.h"
 #include "qt/text.h"
+#include "qt/window_mnemonics.h"
 
 #include <QApplication>
 #include <QHBoxLayout>
 #include <QPushButton>
+#include <QShortcut>
 #include <QTextBrowser>
 #include <QUrl>
 #include <utility>
@@ -26,11 +27,9 @@ HelpViewer::HelpViewer(std::shared_ptr<platform::Bundle> bundle)
     // Pages are read where they lie; a link that leads out of the help opens nothing.
     browser_->setOpenExternalLinks(false);
     const WindowTexts texts(bundle_);
-    QPushButton* const back = addButton(texts(kHelpBack), "helpBack");
-    QPushButton* const forward = addButton(texts(kHelpForward), "helpForward");
-    QPushButton* const close = addButton(texts(kHelpClose), "helpClose");
-    back->setShortcut(QKeySequence::Back);
-    forward->setShortcut(QKeySequence::Forward);
+    QPushButton* const back = addButton(texts, kHelpBack, "helpBack");
+    QPushButton* const forward = addButton(texts, kHelpForward, "helpForward");
+    QPushButton* const close = addButton(texts, kHelpClose, "helpClose");
     back->setEnabled(false);
     forward->setEnabled(false);
     auto* const layout = new QVBoxLayout(this);
@@ -42,6 +41,9 @@ HelpViewer::HelpViewer(std::shared_ptr<platform::Bundle> bundle)
     layout->addWidget(browser_);
     layout->addLayout(buttons);
     browser_->setAccessibleName(texts(kHelpPage));
+    give_mnemonics(*this);
+    addKey(QKeySequence::Back, *back);
+    addKey(QKeySequence::Forward, *forward);
     QObject::connect(back, &QPushButton::clicked, browser_, &QTextBrowser::backward);
     QObject::connect(forward, &QPushButton::clicked, browser_, &QTextBrowser::forward);
     QObject::connect(close, &QPushButton::clicked, this, &QDialog::close);
@@ -50,11 +52,19 @@ HelpViewer::HelpViewer(std::shared_ptr<platform::Bundle> bundle)
     resize(fontMetrics().averageCharWidth() * kColumns, fontMetrics().lineSpacing() * kLines);
 }
 
-QPushButton* HelpViewer::addButton(const QString& text, const char* name) {
-    auto* const button = new QPushButton(literal_label(model_text(text)), this);
+QPushButton* HelpViewer::addButton(const WindowTexts& texts, const WindowText& text, const char* name) {
+    auto* const button = new QPushButton(literal_label(texts(text)), this);
+    set_latin_text(*button, QString::fromLatin1(text.english));
     button->setObjectName(QLatin1String(name));
     button->setAutoDefault(false);
     return button;
+}
+
+void HelpViewer::addKey(QKeySequence::StandardKey key, QPushButton& button) {
+    // A button's own shortcut is its letter.
+    for (const QKeySequence& keys : QKeySequence::keyBindings(key)) {
+        QObject::connect(new QShortcut(keys, this), &QShortcut::activated, &button, &QPushButton::click);
+    }
 }
 
 bool HelpViewer::showPage(std::string_view book, std::string_view page, std::string_view anchor,

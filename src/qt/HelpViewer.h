@@ -1,7 +1,10 @@
 // A small window with a page of the bundle's help, its links, and the way back.
 #pragma once
 
+#include "qt/WindowTexts.h"
+
 #include <QDialog>
+#include <QKeySequence>
 #include <memory>
 #include <string_view>
 
@@ -26,7 +29,8 @@ class HelpViewer : public QDialog {
     QTextBrowser& browser() { return *browser_; }
 
   private:
-    QPushButton* addButton(const QString& text, const char* name);
+    QPushButton* addButton(const WindowTexts& texts, const WindowText& text, const char* name);
+    void addKey(QKeySequence::StandardKey key, QPushButton& button);
 
     std::shared_ptr<platform::Bundle> bundle_;
     QTextBrowser* browser_;

@@ -10,6 +10,7 @@
 #include "qt/StepperWidget.h"
 #include "qt/TableWidget.h"
 #include "qt/text.h"
+#include "qt/window_mnemonics.h"
 
 #include <pugixml.hpp>
 
@@ -175,6 +176,9 @@ void NibWidgets::check(const NibElement& element) {
                               (widget == nullptr ? "none" : widget->metaObject()->className()));
         }
         widgets_[element.name] = widget;
+        if (qobject_cast<QAbstractButton*>(widget) != nullptr || qobject_cast<QLabel*>(widget) != nullptr) {
+            set_latin_text(*widget, widget->property("text").toString());
+        }
         const std::string label = model_text(widget->property("nameFrom").toString());
         if (!label.empty()) {
             namedAfter_[label].push_back(widget);

@@ -28,7 +28,7 @@ class QtPaneTest : public ::testing::Test {
   protected:
     /// Opens the pane (not restored a second time) in a window of 600 by 450 and shows it.
     void open(platform::PrintSettings settings = {}, const std::string& ppd = kSamplePpd,
-              const std::string& language = "") {
+              const std::string& language = "en") {
         PrinterPaneOptions options;
         options.ppd = ppd;
         options.settings = std::move(settings);
