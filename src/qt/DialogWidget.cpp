@@ -1,7 +1,12 @@
 #include "qt/DialogWidget.h"
 
+#include "qt/StatusLine.h"
+
+#include <QBoxLayout>
 #include <QCloseEvent>
 #include <QKeyEvent>
+#include <QStatusTipEvent>
+#include <algorithm>
 #include <utility>
 
 namespace specialpages::qt {
@@ -14,6 +19,23 @@ DialogWidget::DialogWidget(QWidget* parent) : QDialog(parent) {
 void DialogWidget::setHandlers(std::function<void()> accepted, std::function<void()> cancelled) {
     accepted_ = std::move(accepted);
     cancelled_ = std::move(cancelled);
+}
+
+void DialogWidget::addStatusLine() {
+    auto* const rows = qobject_cast<QBoxLayout*>(layout());
+    if (statusLine_ != nullptr || rows == nullptr) {
+        return;
+    }
+    statusLine_ = new StatusLine(this);
+    rows->insertWidget(std::max(0, rows->count() - 1), statusLine_);
+}
+
+bool DialogWidget::event(QEvent* event) {
+    if (event->type() == QEvent::StatusTip && statusLine_ != nullptr) {
+        statusLine_->say(static_cast<QStatusTipEvent*>(event)->tip());
+        return true;
+    }
+    return QDialog::event(event);
 }
 
 void DialogWidget::accept() {

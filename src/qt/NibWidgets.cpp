@@ -16,6 +16,7 @@
 
 #include <QAbstractButton>
 #include <QBuffer>
+#include <QComboBox>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QRadioButton>
@@ -165,6 +166,12 @@ void NibWidgets::load(const std::string& xml, QWidget& parent) {
         }
     }
     orderTabStops();
+    for (auto* const list : root_->findChildren<QComboBox*>()) {
+        // Lists have items that tell why they are disabled.
+        if (auto* const dialog = dynamic_cast<DialogWidget*>(list->window())) {
+            dialog->addStatusLine();
+        }
+    }
 }
 
 void NibWidgets::check(const NibElement& element) {

@@ -20,10 +20,10 @@ struct LabelText {
 /// The texts, in their order, as buttons and labels take them: "&" stands before the letter, and an "&" of
 /// the text itself is doubled. Of the letters A to Z each is given once, in whatever case it is written;
 /// those in `reserved` are not. Whoever comes first has the first choice: the beginnings of words, from left
-/// to right, words that other texts have too after those that they have not, then any letter; but nobody goes without a letter for another's better choice. A text in another
-/// script gets a letter in brackets at its end, as is the custom there: before the dots or the colon that end
-/// it, and not when it is the last to choose. A text without any letter gets none, nor does one whose every
-/// letter is taken.
+/// to right, words that other texts have too after those that they have not, then any letter; but nobody goes
+/// without a letter for another's better choice. A text in another script gets a letter in brackets at its
+/// end, as is the custom there: before the dots or the colon that end it, and not when it is the last to
+/// choose. A text without any letter gets none, nor does one whose every letter is taken.
 QStringList with_mnemonics(const std::vector<LabelText>& texts, const QString& reserved);
 
 /// The letter of such a text, small; null when none is marked.

@@ -5,6 +5,7 @@
 #include "host/PaneModule.h"
 #include "host/host_fixtures.h"
 #include "host/settings_file.h"
+#include "platform/foundation/Bundle.h"
 #include "qt/PrinterPane.h"
 #include "qt/QtDriver.h"
 #include "qt/events.h"
@@ -48,6 +49,8 @@ class QtPaneTest : public ::testing::Test {
     ~QtPaneTest() override {
         if (pane_ != nullptr) {
             pane_->widget().setParent(nullptr);
+            // The module keeps the bundle, with the language that it spoke last.
+            pane_->host().module().bundle()->setPreferredLanguages({"en"});
         }
     }
 
