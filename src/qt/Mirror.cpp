@@ -81,6 +81,7 @@ void Mirror::changed(platform::View& view, QWidget& touched, platform::ViewChang
 }
 
 void Mirror::giveLetters(QWidget& scope) {
+    level_buttons(scope);
     for (QWidget* const widget : give_mnemonics(scope)) {
         if (touched_) {
             touched_(*widget, platform::ViewChange::title);

@@ -16,7 +16,6 @@
 
 #include <QAbstractButton>
 #include <QBuffer>
-#include <QComboBox>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QRadioButton>
@@ -166,9 +165,9 @@ void NibWidgets::load(const std::string& xml, QWidget& parent) {
         }
     }
     orderTabStops();
-    for (auto* const list : root_->findChildren<QComboBox*>()) {
-        // Lists have items that tell why they are disabled.
-        if (auto* const dialog = dynamic_cast<DialogWidget*>(list->window())) {
+    for (auto* const widget : root_->findChildren<QDialog*>()) {
+        auto* const dialog = dynamic_cast<DialogWidget*>(widget);
+        if (dialog != nullptr && dialog->property("statusLine").toBool()) {
             dialog->addStatusLine();
         }
     }

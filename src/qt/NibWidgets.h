@@ -1,6 +1,7 @@
 // The widgets of a nib, made by Qt's own loader from the Designer source that the bundle carries: the same
 // XML that the headless loader makes the models from. What a widget becomes is decided by its view's kind, so
-// that a list drawn as a combo box is a PopUpWidget, arrows drawn as a spin box a StepperWidget, and so on.
+// that a list drawn as a combo box is a PopUpWidget, arrows drawn as a spin box a StepperWidget, and so on. A
+// window whose nib says `statusLine` has one.
 #pragma once
 
 #include "platform/toolkit/Nib.h"

@@ -6,8 +6,10 @@
 #include <QAbstractButton>
 #include <QGroupBox>
 #include <QLabel>
+#include <QPushButton>
 #include <QTabBar>
 #include <QVariant>
+#include <algorithm>
 
 namespace specialpages::qt {
 
@@ -105,6 +107,22 @@ std::vector<QWidget*> give_mnemonics(QWidget& scope) {
         }
     }
     return changed;
+}
+
+void level_buttons(QWidget& scope) {
+    int height = 0;
+    std::vector<QPushButton*> buttons;
+    for (QWidget* const widget : shown_in(scope)) {
+        if (auto* const button = qobject_cast<QPushButton*>(widget)) {
+            buttons.push_back(button);
+            height = std::max(height, button->sizeHint().height());
+        }
+    }
+    for (QPushButton* const button : buttons) {
+        if (button->minimumHeight() != height) {
+            button->setMinimumHeight(height);
+        }
+    }
 }
 
 void set_latin_text(QWidget& widget, const QString& text) {

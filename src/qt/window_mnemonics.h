@@ -1,4 +1,4 @@
-// Gives the letters of mnemonics.h to the controls of a window.
+// Gives the letters of mnemonics.h to the controls of a window, and what else hangs on their texts.
 #pragma once
 
 #include <vector>
@@ -17,6 +17,10 @@ bool takes_letter(const QWidget& widget);
 /// keep what they have. Answers the widgets whose text changed. What a screen reader says of them stays free
 /// of letters in brackets.
 std::vector<QWidget*> give_mnemonics(QWidget& scope);
+
+/// Makes the push buttons shown in `scope` equally high, as high as the highest of their texts asks for:
+/// those in another script than the rest of a row may need more.
+void level_buttons(QWidget& scope);
 
 /// What the widget says in Latin letters, for texts in other scripts (LabelText::latin).
 void set_latin_text(QWidget& widget, const QString& text);
