@@ -11,6 +11,13 @@
 
 namespace specialpages::qt {
 
+namespace {
+
+/// In pixels, beside the layout's own spacing.
+constexpr int kAboveButtons = 6;
+
+} // namespace
+
 DialogWidget::DialogWidget(QWidget* parent) : QDialog(parent) {
     // A click beside the controls takes the keyboard, so that it leaves the field that is being edited.
     setFocusPolicy(Qt::ClickFocus);
@@ -27,7 +34,12 @@ void DialogWidget::addStatusLine() {
         return;
     }
     statusLine_ = new StatusLine(this);
-    rows->insertWidget(std::max(0, rows->count() - 1), statusLine_);
+    rows->insertSpacing(std::max(0, rows->count() - 1), kAboveButtons);
+    rows->addWidget(statusLine_);
+    // The line is most of the margin below the buttons.
+    QMargins margins = rows->contentsMargins();
+    margins.setBottom(margins.bottom() / 2);
+    rows->setContentsMargins(margins);
 }
 
 bool DialogWidget::event(QEvent* event) {

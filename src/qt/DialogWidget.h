@@ -16,8 +16,9 @@ class DialogWidget : public QDialog {
     /// What Return and Escape (or the close box) do.
     void setHandlers(std::function<void()> accepted, std::function<void()> cancelled);
 
-    /// Gives the dialog a status line above the buttons at its foot; the dialog has its layout. Status tips
-    /// of anything in it (QStatusTipEvent) are shown there from now on.
+    /// Gives the dialog a status line at its foot, below the buttons, where a menu of a list rarely reaches;
+    /// the dialog has its layout. Status tips of anything in it (QStatusTipEvent) are shown there from now
+    /// on.
     void addStatusLine();
     /// Null without one; owned by the dialog.
     StatusLine* statusLine() const { return statusLine_; }

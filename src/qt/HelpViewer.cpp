@@ -9,7 +9,9 @@
 #include <QPushButton>
 #include <QShortcut>
 #include <QTextBrowser>
+#include <QTextDocument>
 #include <QUrl>
+#include <cmath>
 #include <utility>
 
 namespace specialpages::qt {
@@ -19,6 +21,27 @@ namespace {
 /// Room for a page of help, in characters and lines.
 constexpr int kColumns = 72;
 constexpr int kLines = 28;
+
+/// As the guidelines for readable text weigh colors against each other: 1 (none) to 21.
+double contrast(const QColor& one, const QColor& other) {
+    const auto linear = [](double part) {
+        return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+    };
+    const auto light = [&](const QColor& color) {
+        return 0.05 + 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
+               0.0722 * linear(color.blueF());
+    };
+    const double ratio = light(one) / light(other);
+    return ratio < 1 ? 1 / ratio : ratio;
+}
+
+/// The palette's color of links; that of text, links being underlined, where it cannot be read on the page,
+/// as in dark palettes that leave links as they are.
+QColor link_color(const QPalette& palette) {
+    constexpr double kReadable = 4.5;
+    const QColor link = palette.color(QPalette::Link);
+    return contrast(link, palette.color(QPalette::Base)) < kReadable ? palette.color(QPalette::Text) : link;
+}
 
 } // namespace
 
@@ -84,6 +107,8 @@ bool HelpViewer::showPage(std::string_view book, std::string_view page, std::str
         setParent(over, Qt::Dialog); // a modal dialog lets only its own windows be used
     }
     setWindowTitle(shown_text(book));
+    browser_->document()->setDefaultStyleSheet(QLatin1String("a { color: ") + link_color(palette()).name() +
+                                               QLatin1String("; }"));
     browser_->setSource(url);
     show();
     raise();

@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QProxyStyle>
 #include <QSignalBlocker>
 #include <QStatusTipEvent>
@@ -26,6 +27,20 @@ class MenuStyle : public QProxyStyle {
                   QStyleHintReturn* data) const override {
         return hint == SH_Menu_AllowActiveAndDisabled ? 1
                                                       : QProxyStyle::styleHint(hint, option, widget, data);
+    }
+
+    /// Styles do not show where the keyboard is when it is on such an item.
+    void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override {
+        QProxyStyle::drawControl(element, option, painter, widget);
+        const bool on = option->state.testFlag(State_Selected) && !option->state.testFlag(State_Enabled);
+        if (element == CE_MenuItem && on) {
+            painter->save();
+            painter->setPen(option->palette.color(QPalette::Active, QPalette::Highlight));
+            painter->setBrush(Qt::NoBrush);
+            painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
+            painter->restore();
+        }
     }
 };
 

@@ -6,8 +6,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <QPalette>
 #include <QPushButton>
 #include <QTextBrowser>
+#include <QTextDocument>
 
 namespace specialpages::qt::testing {
 namespace {
@@ -32,6 +34,27 @@ TEST(HelpViewerTest, SpeaksTheBundlesLanguage) {
     EXPECT_THAT(words_in("fr-CA"), ElementsAre("Précédent", "Suivant", "Fermer", "Aide"));
     EXPECT_THAT(words_in("ja"), ElementsAre("戻る", "進む", "閉じる", "ヘルプ"));
     EXPECT_THAT(words_in("sv"), ElementsAre("Back", "Forward", "Close", "Help"));
+}
+
+TEST(HelpViewerTest, ShowsLinksInAColorThatCanBeReadOnThePage) {
+    const auto bundle = platform::Bundle::load(paths::bundle_dir());
+    const auto link_on = [&](const QColor& base, const QColor& text, const QColor& link) {
+        QWidget asker;
+        HelpViewer viewer(bundle);
+        QPalette palette;
+        palette.setColor(QPalette::Base, base);
+        palette.setColor(QPalette::Text, text);
+        palette.setColor(QPalette::Link, link);
+        viewer.setPalette(palette);
+        EXPECT_TRUE(viewer.showPage("book", "SpecialPagesMain_Default01.htm", "", asker));
+        const QString style = viewer.browser().document()->defaultStyleSheet();
+        viewer.close();
+        viewer.setParent(nullptr);
+        return style.toStdString();
+    };
+    EXPECT_EQ(link_on(Qt::white, Qt::black, Qt::blue), "a { color: #0000ff; }");
+    EXPECT_EQ(link_on(Qt::black, Qt::white, Qt::blue), "a { color: #ffffff; }");
+    EXPECT_EQ(link_on(Qt::black, Qt::white, QColor(0x8a, 0xb4, 0xf8)), "a { color: #8ab4f8; }");
 }
 
 class HelpViewerInAPane : public QtPaneTest {};

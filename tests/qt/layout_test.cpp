@@ -149,8 +149,12 @@ Complaints ragged_buttons(QWidget& window) {
             }
         }
     }
-    if (right != window.width() - margins.right() - 1 ||
-        row.bottom() != window.height() - margins.bottom() - 1) {
+    int foot = window.height() - margins.bottom();
+    if (const auto* const dialog = dynamic_cast<const DialogWidget*>(&window);
+        dialog != nullptr && dialog->statusLine() != nullptr) {
+        foot -= dialog->statusLine()->sizeHint().height() + window.layout()->spacing();
+    }
+    if (right != window.width() - margins.right() - 1 || row.bottom() != foot - 1) {
         complaints.push_back("the buttons end at " + std::to_string(right) + "," +
                              std::to_string(row.bottom()) + " of " + std::to_string(window.width()) + "x" +
                              std::to_string(window.height()));
