@@ -1,10 +1,22 @@
 #include "qt/DialogWidget.h"
 
+#include "qt/StatusLine.h"
+
+#include <QBoxLayout>
 #include <QCloseEvent>
 #include <QKeyEvent>
+#include <QStatusTipEvent>
+#include <algorithm>
 #include <utility>
 
 namespace specialpages::qt {
+
+namespace {
+
+/// In pixels, beside the layout's own spacing.
+constexpr int kAboveButtons = 6;
+
+} // namespace
 
 DialogWidget::DialogWidget(QWidget* parent) : QDialog(parent) {
     // A click beside the controls takes the keyboard, so that it leaves the field that is being edited.
@@ -14,6 +26,28 @@ DialogWidget::DialogWidget(QWidget* parent) : QDialog(parent) {
 void DialogWidget::setHandlers(std::function<void()> accepted, std::function<void()> cancelled) {
     accepted_ = std::move(accepted);
     cancelled_ = std::move(cancelled);
+}
+
+void DialogWidget::addStatusLine() {
+    auto* const rows = qobject_cast<QBoxLayout*>(layout());
+    if (statusLine_ != nullptr || rows == nullptr) {
+        return;
+    }
+    statusLine_ = new StatusLine(this);
+    rows->insertSpacing(std::max(0, rows->count() - 1), kAboveButtons);
+    rows->addWidget(statusLine_);
+    // The line is most of the margin below the buttons.
+    QMargins margins = rows->contentsMargins();
+    margins.setBottom(margins.bottom() / 2);
+    rows->setContentsMargins(margins);
+}
+
+bool DialogWidget::event(QEvent* event) {
+    if (event->type() == QEvent::StatusTip && statusLine_ != nullptr) {
+        statusLine_->say(static_cast<QStatusTipEvent*>(event)->tip());
+        return true;
+    }
+    return QDialog::event(event);
 }
 
 void DialogWidget::accept() {

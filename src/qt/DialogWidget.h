@@ -7,6 +7,8 @@
 
 namespace specialpages::qt {
 
+class StatusLine;
+
 class DialogWidget : public QDialog {
   public:
     explicit DialogWidget(QWidget* parent);
@@ -14,16 +16,25 @@ class DialogWidget : public QDialog {
     /// What Return and Escape (or the close box) do.
     void setHandlers(std::function<void()> accepted, std::function<void()> cancelled);
 
+    /// Gives the dialog a status line at its foot, below the buttons, where a menu of a list rarely reaches;
+    /// the dialog has its layout. Status tips of anything in it (QStatusTipEvent) are shown there from now
+    /// on.
+    void addStatusLine();
+    /// Null without one; owned by the dialog.
+    StatusLine* statusLine() const { return statusLine_; }
+
     void accept() override;
     void reject() override;
 
   protected:
+    bool event(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
   private:
     std::function<void()> accepted_;
     std::function<void()> cancelled_;
+    StatusLine* statusLine_ = nullptr;
 };
 
 } // namespace specialpages::qt

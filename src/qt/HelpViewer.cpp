@@ -2,12 +2,16 @@
 
 #include "platform/foundation/Bundle.h"
 #include "qt/text.h"
+#include "qt/window_mnemonics.h"
 
 #include <QApplication>
 #include <QHBoxLayout>
 #include <QPushButton>
+#include <QShortcut>
 #include <QTextBrowser>
+#include <QTextDocument>
 #include <QUrl>
+#include <cmath>
 #include <utility>
 
 namespace specialpages::qt {
@@ -18,17 +22,37 @@ namespace {
 constexpr int kColumns = 72;
 constexpr int kLines = 28;
 
+/// As the guidelines for readable text weigh colors against each other: 1 (none) to 21.
+double contrast(const QColor& one, const QColor& other) {
+    const auto linear = [](double part) {
+        return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+    };
+    const auto light = [&](const QColor& color) {
+        return 0.05 + 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
+               0.0722 * linear(color.blueF());
+    };
+    const double ratio = light(one) / light(other);
+    return ratio < 1 ? 1 / ratio : ratio;
+}
+
+/// The palette's color of links; that of text, links being underlined, where it cannot be read on the page,
+/// as in dark palettes that leave links as they are.
+QColor link_color(const QPalette& palette) {
+    constexpr double kReadable = 4.5;
+    const QColor link = palette.color(QPalette::Link);
+    return contrast(link, palette.color(QPalette::Base)) < kReadable ? palette.color(QPalette::Text) : link;
+}
+
 } // namespace
 
 HelpViewer::HelpViewer(std::shared_ptr<platform::Bundle> bundle)
     : bundle_(std::move(bundle)), browser_(new QTextBrowser(this)) {
     // Pages are read where they lie; a link that leads out of the help opens nothing.
     browser_->setOpenExternalLinks(false);
-    auto* const back = new QPushButton(QTextBrowser::tr("Back"), this);
-    auto* const forward = new QPushButton(QTextBrowser::tr("Forward"), this);
-    auto* const close = new QPushButton(QTextBrowser::tr("Close"), this);
-    back->setShortcut(QKeySequence::Back);
-    forward->setShortcut(QKeySequence::Forward);
+    const WindowTexts texts(bundle_);
+    QPushButton* const back = addButton(texts, kHelpBack, "helpBack");
+    QPushButton* const forward = addButton(texts, kHelpForward, "helpForward");
+    QPushButton* const close = addButton(texts, kHelpClose, "helpClose");
     back->setEnabled(false);
     forward->setEnabled(false);
     auto* const layout = new QVBoxLayout(this);
@@ -39,16 +63,31 @@ HelpViewer::HelpViewer(std::shared_ptr<platform::Bundle> bundle)
     buttons->addWidget(close);
     layout->addWidget(browser_);
     layout->addLayout(buttons);
-    for (QPushButton* const button : {back, forward, close}) {
-        button->setAutoDefault(false);
-    }
-    browser_->setAccessibleName(QTextBrowser::tr("Help"));
+    browser_->setAccessibleName(texts(kHelpPage));
+    give_mnemonics(*this);
+    addKey(QKeySequence::Back, *back);
+    addKey(QKeySequence::Forward, *forward);
     QObject::connect(back, &QPushButton::clicked, browser_, &QTextBrowser::backward);
     QObject::connect(forward, &QPushButton::clicked, browser_, &QTextBrowser::forward);
     QObject::connect(close, &QPushButton::clicked, this, &QDialog::close);
     QObject::connect(browser_, &QTextBrowser::backwardAvailable, back, &QPushButton::setEnabled);
     QObject::connect(browser_, &QTextBrowser::forwardAvailable, forward, &QPushButton::setEnabled);
     resize(fontMetrics().averageCharWidth() * kColumns, fontMetrics().lineSpacing() * kLines);
+}
+
+QPushButton* HelpViewer::addButton(const WindowTexts& texts, const WindowText& text, const char* name) {
+    auto* const button = new QPushButton(literal_label(texts(text)), this);
+    set_latin_text(*button, QString::fromLatin1(text.english));
+    button->setObjectName(QLatin1String(name));
+    button->setAutoDefault(false);
+    return button;
+}
+
+void HelpViewer::addKey(QKeySequence::StandardKey key, QPushButton& button) {
+    // A button's own shortcut is its letter.
+    for (const QKeySequence& keys : QKeySequence::keyBindings(key)) {
+        QObject::connect(new QShortcut(keys, this), &QShortcut::activated, &button, &QPushButton::click);
+    }
 }
 
 bool HelpViewer::showPage(std::string_view book, std::string_view page, std::string_view anchor,
@@ -68,6 +107,8 @@ bool HelpViewer::showPage(std::string_view book, std::string_view page, std::str
         setParent(over, Qt::Dialog); // a modal dialog lets only its own windows be used
     }
     setWindowTitle(shown_text(book));
+    browser_->document()->setDefaultStyleSheet(QLatin1String("a { color: ") + link_color(palette()).name() +
+                                               QLatin1String("; }"));
     browser_->setSource(url);
     show();
     raise();

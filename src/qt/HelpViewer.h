@@ -1,10 +1,14 @@
 // A small window with a page of the bundle's help, its links, and the way back.
 #pragma once
 
+#include "qt/WindowTexts.h"
+
 #include <QDialog>
+#include <QKeySequence>
 #include <memory>
 #include <string_view>
 
+class QPushButton;
 class QTextBrowser;
 
 namespace specialpages::platform {
@@ -15,6 +19,7 @@ namespace specialpages::qt {
 
 class HelpViewer : public QDialog {
   public:
+    /// Its buttons speak the language that the bundle (not null) prefers.
     explicit HelpViewer(std::shared_ptr<platform::Bundle> bundle);
 
     /// Shows the page (a file of the bundle's Help folder) at the anchor (may be empty), over the window of
@@ -24,6 +29,9 @@ class HelpViewer : public QDialog {
     QTextBrowser& browser() { return *browser_; }
 
   private:
+    QPushButton* addButton(const WindowTexts& texts, const WindowText& text, const char* name);
+    void addKey(QKeySequence::StandardKey key, QPushButton& button);
+
     std::shared_ptr<platform::Bundle> bundle_;
     QTextBrowser* browser_;
 };

@@ -5,6 +5,7 @@
 #include "qt/FieldWidget.h"
 #include "qt/NibWidgets.h"
 #include "qt/text.h"
+#include "qt/window_mnemonics.h"
 
 #include <QWidget>
 
@@ -38,20 +39,22 @@ void Mirror::followFocus(platform::Window& window) {
 }
 
 void Mirror::bind(platform::View& view) {
-    if (!view.name().empty() && !bindings_.contains(&view)) {
-        QWidget* const widget = nib_.find(view.name());
-        if (widget == nullptr) {
-            throw host::HostError(host::ErrorCode::other, view.nibFile().string(),
-                                  "expected a widget for the view \"" + view.name() + "\"");
-        }
+    QWidget* const top = nib_.find(view.name());
+    QWidget& scope = top == nullptr ? nib_.root() : *top;
+    bindBelow(view, scope);
+    giveLetters(scope);
+}
+
+void Mirror::bindBelow(platform::View& view, QWidget& scope) {
+    QWidget* const widget = view.name().empty() ? nullptr : nib_.find(view.name());
+    if (widget == nullptr && !view.name().empty()) {
+        throw host::HostError(host::ErrorCode::other, view.nibFile().string(),
+                              "expected a widget for the view \"" + view.name() + "\"");
+    }
+    if (widget != nullptr && !bindings_.contains(&view)) {
         auto binding = make_binding(view, *widget);
-        binding->follow([this, &view](QWidget& touched, platform::ViewChange change) {
-            if (change == platform::ViewChange::text || change == platform::ViewChange::title) {
-                nameAfter(view.name());
-            }
-            if (touched_) {
-                touched_(touched, change);
-            }
+        binding->follow([this, &view, &scope](QWidget& touched, platform::ViewChange change) {
+            changed(view, touched, change, scope);
         });
         bindings_.emplace(&view, std::move(binding));
         nameAfter(view.name());
@@ -60,7 +63,29 @@ void Mirror::bind(platform::View& view) {
         }
     }
     for (const auto& subview : view.subviews()) {
-        bind(*subview);
+        bindBelow(*subview, scope);
+    }
+}
+
+void Mirror::changed(platform::View& view, QWidget& touched, platform::ViewChange change, QWidget& scope) {
+    const bool says = change == platform::ViewChange::text || change == platform::ViewChange::title;
+    if (says) {
+        nameAfter(view.name());
+    }
+    if (touched_) {
+        touched_(touched, change);
+    }
+    if ((says && takes_letter(touched)) || change == platform::ViewChange::hidden) {
+        giveLetters(scope);
+    }
+}
+
+void Mirror::giveLetters(QWidget& scope) {
+    level_buttons(scope);
+    for (QWidget* const widget : give_mnemonics(scope)) {
+        if (touched_) {
+            touched_(*widget, platform::ViewChange::title);
+        }
     }
 }
 

@@ -26,8 +26,9 @@ class Mirror {
 
     /// Binds the view and all below it, and shows how they stand; nothing for a view that is bound. A widget
     /// whose nib says `nameFrom` bears the text of the label of that name for assistive tools. The views
-    /// outlive the mirror. HostError (other) for a view with a name that has no widget; views without one
-    /// (made in code) are not shown.
+    /// outlive the mirror. Buttons and labels get their letters (window_mnemonics.h), now and whenever a text
+    /// or what is shown has changed. HostError (other) for a view with a name that has no widget; views
+    /// without one (made in code) are not shown.
     void bind(platform::View& view);
     /// Null for a view that is not bound.
     QWidget* widgetOf(const platform::View& view) const;
@@ -43,6 +44,9 @@ class Mirror {
     void setTouchObserver(TouchObserver observer) { touched_ = std::move(observer); }
 
   private:
+    void bindBelow(platform::View& view, QWidget& scope);
+    void changed(platform::View& view, QWidget& touched, platform::ViewChange change, QWidget& scope);
+    void giveLetters(QWidget& scope);
     void nameAfter(const std::string& label);
 
     const NibWidgets& nib_;

@@ -10,6 +10,7 @@
 #include "qt/StepperWidget.h"
 #include "qt/TableWidget.h"
 #include "qt/text.h"
+#include "qt/window_mnemonics.h"
 
 #include <pugixml.hpp>
 
@@ -274,6 +275,13 @@ QWidget* NibWidgets::make(const std::string& source, const NibElement& element, 
     });
     for (const auto& [name, widget] : made) {
         widgets_[name] = widget;
+        if (qobject_cast<QAbstractButton*>(widget) != nullptr || qobject_cast<QLabel*>(widget) != nullptr) {
+            set_latin_text(*widget, widget->property("text").toString());
+        }
+        if (auto* const dialog = dynamic_cast<DialogWidget*>(widget);
+            dialog != nullptr && dialog->property("statusLine").toBool()) {
+            dialog->addStatusLine();
+        }
         if (const std::string label = model_text(widget->property("nameFrom").toString()); !label.empty()) {
             namedAfter_[label].push_back(widget);
         }

@@ -7,6 +7,7 @@
 #include "qt/QtFace.h"
 #include "qt/TableWidget.h"
 #include "qt/text.h"
+#include "qt/window_mnemonics.h"
 
 #include <QAbstractButton>
 #include <QMessageBox>
@@ -84,6 +85,11 @@ DialogWidget* PaneWidget::widgetsOf(platform::Window& window) {
         return nullptr;
     }
     return dynamic_cast<DialogWidget*>(mirror_.widgetOf(window));
+}
+
+void PaneWidget::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    give_mnemonics(*this); // beside those of the window that it is in now
 }
 
 void PaneWidget::makeKeys() {

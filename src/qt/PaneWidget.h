@@ -37,6 +37,9 @@ class PaneWidget : public QWidget, public WindowWidgets {
     DialogWidget* widgetsOf(platform::Window& window) override;
     void showFocus(const platform::Window& window) override { mirror_.showFocus(window); }
 
+  protected:
+    void showEvent(QShowEvent* event) override;
+
   private:
     void makeKeys();
     bool openHelp(std::string_view book, std::string_view page, std::string_view anchor);

@@ -1,10 +1,13 @@
 #include "qt/PopUpWidget.h"
 
+#include <QApplication>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QProxyStyle>
 #include <QSignalBlocker>
+#include <QStatusTipEvent>
 #include <QStyleOptionComboBox>
 #include <QToolTip>
 #include <QWheelEvent>
@@ -25,21 +28,21 @@ class MenuStyle : public QProxyStyle {
         return hint == SH_Menu_AllowActiveAndDisabled ? 1
                                                       : QProxyStyle::styleHint(hint, option, widget, data);
     }
-};
 
-/// Tells why the item under the mouse or the keyboard is disabled, beside it.
-void tell_reason(QAction* action) {
-    auto* const menu = qobject_cast<QMenu*>(action->parent());
-    if (menu == nullptr) {
-        return;
+    /// Styles do not show where the keyboard is when it is on such an item.
+    void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override {
+        QProxyStyle::drawControl(element, option, painter, widget);
+        const bool on = option->state.testFlag(State_Selected) && !option->state.testFlag(State_Enabled);
+        if (element == CE_MenuItem && on) {
+            painter->save();
+            painter->setPen(option->palette.color(QPalette::Active, QPalette::Highlight));
+            painter->setBrush(Qt::NoBrush);
+            painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
+            painter->restore();
+        }
     }
-    if (action->isEnabled() || action->statusTip().isEmpty()) {
-        QToolTip::hideText();
-        return;
-    }
-    const QRect item = menu->actionGeometry(action);
-    QToolTip::showText(menu->mapToGlobal(item.bottomLeft()), action->statusTip(), menu, item);
-}
+};
 
 } // namespace
 
@@ -75,9 +78,10 @@ void PopUpWidget::showPopup() {
     }
     menu_ = makeMenu();
     menu_->setMinimumWidth(width());
-    QObject::connect(menu_, &QMenu::hovered, menu_, tell_reason);
+    QObject::connect(menu_, &QMenu::hovered, this, [this](QAction* action) { tellReason(*action); });
     QObject::connect(menu_, &QMenu::aboutToHide, this, [menu = menu_, this] {
         QToolTip::hideText();
+        tellStatus({});
         menu_ = nullptr;
         menu->deleteLater();
     });
@@ -87,6 +91,33 @@ void PopUpWidget::showPopup() {
         markShown(*shown);
     }
     menu_->popup(mapToGlobal(rect().bottomLeft()));
+}
+
+void PopUpWidget::tellReason(QAction& action) {
+    auto* const menu = qobject_cast<QMenu*>(action.parent());
+    const QString reason = action.isEnabled() ? QString() : action.statusTip();
+    tellStatus(reason);
+    if (menu == nullptr || reason.isEmpty()) {
+        QToolTip::hideText();
+        return;
+    }
+    const QRect item = menu->actionGeometry(&action);
+    QToolTip::showText(menu->mapToGlobal(item.bottomLeft()), reason, menu, item);
+}
+
+void PopUpWidget::tellStatus(const QString& sentence) {
+    QStatusTipEvent tip(sentence);
+    QApplication::sendEvent(this, &tip);
+}
+
+bool PopUpWidget::event(QEvent* event) {
+    // The keyboard passes a disabled button over, the mouse does not.
+    if (event->type() == QEvent::Enter && !isEnabled()) {
+        tellStatus(toolTip());
+    } else if (event->type() == QEvent::Leave && menu_ == nullptr) {
+        tellStatus({});
+    }
+    return QComboBox::event(event);
 }
 
 void PopUpWidget::markShown(QAction& shown) const {

@@ -1,6 +1,6 @@
 // A pop-up button: looks like a combo box and opens a real menu, with sub-menus, check marks and disabled
-// items that tell why. The menu is made from the model each time that it opens, so that nothing of it is kept
-// here.
+// items that tell why: beside the item, and as a status tip (QStatusTipEvent) to the window. The menu is made
+// from the model each time that it opens, so that nothing of it is kept here.
 #pragma once
 
 #include <QComboBox>
@@ -40,6 +40,7 @@ class PopUpWidget : public QComboBox {
     QSize minimumSizeHint() const override;
 
   protected:
+    bool event(QEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
@@ -47,6 +48,8 @@ class PopUpWidget : public QComboBox {
 
   private:
     QSize sizeFor(int textWidth) const;
+    void tellReason(QAction& action);
+    void tellStatus(const QString& sentence);
     void markShown(QAction& shown) const;
 
     Handlers handlers_;

@@ -129,7 +129,7 @@ void PrintDialog::showTab(PrinterTab* tab) {
     if (tab->pane() != nullptr) {
         tab->pane()->widget().activate();
     }
-    all.addTab(tab, tab->windowTitle());
+    all.addTab(tab, literal_label(tab->windowTitle()));
     if (tabInFront_) {
         all.setCurrentWidget(tab);
     }

@@ -4,6 +4,7 @@
 #include "host/queue_ppd.h"
 #include "host/remembered_settings.h"
 #include "qt/text.h"
+#include "qt/window_mnemonics.h"
 
 #include <QCheckBox>
 #include <QLabel>
@@ -43,7 +44,7 @@ PrinterTab::PrinterTab(const WindowTexts& texts, const QString& sentence) {
 PrinterTab::PrinterTab(const WindowTexts& texts, std::unique_ptr<PrinterPane> pane, std::string printer,
                        bool remembered, const std::string& unreadable)
     : pane_(std::move(pane)), printer_(std::move(printer)),
-      remember_(new QCheckBox(literal_label(model_text(texts(kRememberSettings))), this)) {
+      remember_(new QCheckBox(literal_label(texts(kRememberSettings)), this)) {
     setWindowTitle(pane_->widget().windowTitle());
     auto* const tab = new QVBoxLayout(this);
     tab->setContentsMargins(0, 0, 0, 0); // the pane keeps its own
@@ -53,11 +54,19 @@ PrinterTab::PrinterTab(const WindowTexts& texts, std::unique_ptr<PrinterPane> pa
     layout->setContentsMargins(kPaneMargin, 0, kPaneMargin, kPaneMargin);
     tab->addLayout(layout);
     remember_->setObjectName(QStringLiteral("rememberSettings"));
+    set_latin_text(*remember_, QString::fromLatin1(kRememberSettings.english));
     remember_->setChecked(remembered);
     remember_->setEnabled(unreadable.empty() && host::remembered_settings_name(printer_).has_value());
     layout->addWidget(remember_);
     if (!unreadable.empty()) {
         addSentence(*layout, texts(kRememberedUnreadable, unreadable));
+    }
+}
+
+void PrinterTab::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    if (remember_ != nullptr) {
+        give_mnemonics(*remember_); // after the pane, which has the first choice
     }
 }
 

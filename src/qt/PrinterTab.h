@@ -35,6 +35,9 @@ class PrinterTab : public QWidget {
     /// The job was printed: keeps the pane's settings or forgets them, as the check box says. HostError.
     void keepSettings();
 
+  protected:
+    void showEvent(QShowEvent* event) override;
+
   private:
     QLabel* addSentence(QVBoxLayout& layout, const QString& sentence);
 

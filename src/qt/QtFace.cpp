@@ -9,12 +9,29 @@
 #include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QEventLoop>
+#include <QLayout>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QScreen>
 #include <QWindow>
+#include <algorithm>
 
 namespace specialpages::qt {
+
+namespace {
+
+/// As large as the dialog's texts ask for, those that wrap too, within the screen.
+QSize size_for(const QWidget& dialog) {
+    const QSize screen = dialog.screen()->availableSize();
+    QSize size = dialog.sizeHint().boundedTo(screen);
+    const QLayout* const layout = dialog.layout();
+    if (layout != nullptr && layout->hasHeightForWidth()) {
+        size.setHeight(std::max(size.height(), layout->totalHeightForWidth(size.width())));
+    }
+    return size.boundedTo(screen);
+}
+
+} // namespace
 
 QtFace::QtFace() : before_(platform::Application::shared().setFace(this)) {
     install_accessibility();
@@ -39,8 +56,7 @@ void QtFace::runEvents(platform::Window& window, const std::function<bool()>& st
                                          ? QApplication::activeModalWidget()
                                          : dialog->parentWidget()->window();
     dialog->setWindowModality(Qt::ApplicationModal);
-    // As large as its texts ask for, within the screen.
-    dialog->resize(dialog->sizeHint().boundedTo(dialog->screen()->availableSize()));
+    dialog->resize(size_for(*dialog));
     dialog->winId(); // makes its window, which then stands over the one that opened it
     dialog->windowHandle()->setTransientParent(opener->windowHandle());
     dialog->show();

@@ -8,7 +8,7 @@ namespace {
 
 /// Room for the three parts of a paper, each in a line, and for one that is broken in two.
 constexpr int kLines = 5;
-constexpr int kCharacters = 30;
+constexpr int kCharacters = 36;
 
 } // namespace
 

@@ -4,6 +4,7 @@
 #include <QLineEdit>
 #include <QStyle>
 #include <QStyleOptionSpinBox>
+#include <QStylePainter>
 #include <QWheelEvent>
 #include <algorithm>
 #include <limits>
@@ -35,6 +36,17 @@ QSize StepperWidget::sizeHint() const {
     const QRect arrow = style()->subControlRect(QStyle::CC_SpinBox, &option, QStyle::SC_SpinBoxUp, this);
     const int frame = style()->pixelMetric(QStyle::PM_SpinBoxFrameWidth, &option, this);
     return {arrow.width() + 2 * frame, whole.height()};
+}
+
+void StepperWidget::paintEvent(QPaintEvent* /*event*/) {
+    // The arrows alone: the frame of the field that is not there would look cut off.
+    QStyleOptionSpinBox option;
+    initStyleOption(&option);
+    const QRect up = style()->subControlRect(QStyle::CC_SpinBox, &option, QStyle::SC_SpinBoxUp, this);
+    const QRect down = style()->subControlRect(QStyle::CC_SpinBox, &option, QStyle::SC_SpinBoxDown, this);
+    QStylePainter painter(this);
+    painter.setClipRect(up.united(down).adjusted(-1, -1, 1, 1));
+    painter.drawComplexControl(QStyle::CC_SpinBox, option);
 }
 
 QAbstractSpinBox::StepEnabled StepperWidget::stepEnabled() const {

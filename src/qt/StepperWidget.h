@@ -22,6 +22,7 @@ class StepperWidget : public QSpinBox {
   protected:
     /// Both arrows work at the ends of the range too: the step is asked for, and the value stays.
     StepEnabled stepEnabled() const override;
+    void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
 

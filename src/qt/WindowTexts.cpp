@@ -5,6 +5,8 @@
 #include "platform/foundation/Bundle.h"
 #include "qt/text.h"
 
+#include <utility>
+
 namespace specialpages::qt {
 
 namespace {
@@ -28,6 +30,8 @@ WindowTexts::WindowTexts(const std::filesystem::path& bundle, const std::string&
         bundle_->setPreferredLanguages({language});
     }
 }
+
+WindowTexts::WindowTexts(std::shared_ptr<platform::Bundle> bundle) : bundle_(std::move(bundle)) {}
 
 QString WindowTexts::operator()(const WindowText& text) const {
     return shown_text(bundle_ == nullptr ? text.english

@@ -318,7 +318,8 @@ TEST_F(PrintersTest, TheCheckBoxSpeaksTheLanguageOfThePane) {
     options.language = "de";
     start(options);
     dialog().choosePrinter("prod");
-    EXPECT_EQ(dialog().tab()->rememberBox()->text().toStdString(), "Einstellungen für diesen Drucker merken");
+    EXPECT_EQ(plain_label(dialog().tab()->rememberBox()->text()).toStdString(),
+              "Einstellungen für diesen Drucker merken");
 }
 
 TEST_F(PrintProgramTest, PrintsThroughARealPrintServer) {

@@ -124,9 +124,9 @@ TEST_F(MirrorTest, WhatTheModelChangesIsNotSentBack) {
 TEST_F(MirrorTest, AnAmpersandOfATextStays) {
     open();
     dynamic_cast<platform::Button&>(model(100)).setTitle("Covers & more");
-    EXPECT_EQ(widget<QAbstractButton>("SPAddCoversButton").text(), "Covers && more");
+    EXPECT_EQ(widget<QAbstractButton>("SPAddCoversButton").text(), "&Covers && more");
     dynamic_cast<platform::TextField&>(model(103)).setStringValue("A & B");
-    EXPECT_EQ(widget<QLabel>("SPSummaryTitleStaticEdit").text(), "A && B");
+    EXPECT_EQ(widget<QLabel>("SPSummaryTitleStaticEdit").text(), "A && &B");
 }
 
 TEST_F(MirrorTest, TheTablesKeysPressThePanesButtons) {

@@ -5,6 +5,7 @@
 #include "host/PaneModule.h"
 #include "host/host_fixtures.h"
 #include "host/settings_file.h"
+#include "platform/foundation/Bundle.h"
 #include "qt/PrinterPane.h"
 #include "qt/QtDriver.h"
 #include "qt/events.h"
@@ -28,7 +29,7 @@ class QtPaneTest : public ::testing::Test {
   protected:
     /// Opens the pane (not restored a second time) in a window of 600 by 450 and shows it.
     void open(platform::PrintSettings settings = {}, const std::string& ppd = kSamplePpd,
-              const std::string& language = "") {
+              const std::string& language = "en") {
         PrinterPaneOptions options;
         options.ppd = ppd;
         options.settings = std::move(settings);
@@ -48,6 +49,8 @@ class QtPaneTest : public ::testing::Test {
     ~QtPaneTest() override {
         if (pane_ != nullptr) {
             pane_->widget().setParent(nullptr);
+            // The module keeps the bundle, with the language that it spoke last.
+            pane_->host().module().bundle()->setPreferredLanguages({"en"});
         }
     }
 

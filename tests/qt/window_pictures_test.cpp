@@ -1,14 +1,21 @@
 // Pictures of the windows for people to look at, as scripts/screenshots asks for them by the environment:
 // PICTURES_FOLDER, PICTURES_LANGUAGE ("en"), PICTURES_DARK ("1"), PICTURES_WINDOWS ("print covers ..."). The
 // scale is Qt's own (QT_SCALE_FACTOR). It is no test of the ordinary runs.
+#include "qt/HelpViewer.h"
+#include "qt/PopUpWidget.h"
+#include "qt/pane_windows.h"
 #include "qt/print_fixture.h"
-#include "qt/qt_fixture.h"
 
 #include <gtest/gtest.h>
 
 #include <QLibraryInfo>
+#include <QMenu>
+#include <QPainter>
 #include <QPalette>
+#include <QPixmap>
+#include <QToolTip>
 #include <QTranslator>
+#include <vector>
 
 namespace specialpages::qt::testing {
 namespace {
@@ -31,7 +38,7 @@ std::string asked(const char* variable, const std::string& otherwise) {
     return value == nullptr ? otherwise : value;
 }
 
-class WindowPictures : public QtPaneTest {
+class WindowPictures : public PaneWindowsTest {
   protected:
     const std::string language_ = asked("PICTURES_LANGUAGE", "en");
     const bool dark_ = asked("PICTURES_DARK", "") == "1";
@@ -43,16 +50,67 @@ class WindowPictures : public QtPaneTest {
     }
     void take(QWidget& window, const std::string& name) const {
         settle();
-        const std::string file = asked("PICTURES_FOLDER", "/tmp") + "/" + name + "-" + language_ +
-                                 (dark_ ? "-dark" : "") + (window.devicePixelRatio() > 1 ? "-large" : "") +
-                                 ".png";
-        EXPECT_TRUE(window.grab().save(QString::fromStdString(file))) << file;
+        save(window.grab(), name);
     }
-    void takeDialog(const char* name, const char* opener) {
-        if (wanted(name)) {
-            inDialog(opener, [&](QDialog& dialog) { take(dialog, name); });
+    void takeWindows() {
+        for (const PaneWindow& window : pane_windows()) {
+            if (wanted(window.word)) {
+                inWindow(window, [&](DialogWidget& dialog) { take(dialog, window.word); });
+            }
         }
     }
+    void takeHelp() {
+        if (wanted("help")) {
+            click(widget<QWidget>("SPMainHelpButton"));
+            take(*pane_->widget().help(), "help");
+            pane_->widget().help()->close();
+        }
+    }
+    /// A dialog with an open paper menu, the keyboard being on an item that tells why it is disabled.
+    void takeMenu() {
+        if (!wanted("menu")) {
+            return;
+        }
+        inWindow(windowOf("inserts"), [&](DialogWidget& dialog) {
+            auto& popup = widget<PopUpWidget>("spInstSelePaper");
+            click(popup);
+            QMenu& menu = *popup.openMenu();
+            QAction& colors = *menu.actions().at(3);
+            go_to(menu, colors);
+            QTest::keyClick(menu.windowHandle(), Qt::Key_Right);
+            go_to(*colors.menu(), *colors.menu()->actions().at(12));
+            QToolTip::hideText(); // the line at the foot says the same
+            takeTogether({&dialog, &menu, colors.menu()}, "menu");
+            popup.hidePopup();
+        });
+    }
+    /// Windows that stand over each other, as a screen shows them.
+    void takeTogether(const std::vector<QWidget*>& windows, const std::string& name) const {
+        settle();
+        QRect all;
+        for (const QWidget* const window : windows) {
+            all = all.united(window->frameGeometry());
+        }
+        all.adjust(-kAround, -kAround, kAround, kAround);
+        const qreal ratio = windows.front()->devicePixelRatio();
+        QPixmap picture(all.size() * ratio);
+        picture.setDevicePixelRatio(ratio);
+        picture.fill(dark_ ? QColor(0x1a, 0x1b, 0x1d) : QColor(0xc8, 0xcb, 0xd0));
+        QPainter painter(&picture);
+        for (QWidget* const window : windows) {
+            painter.drawPixmap(window->pos() - all.topLeft(), window->grab());
+        }
+        painter.end();
+        save(picture, name);
+    }
+    void save(const QPixmap& picture, const std::string& name) const {
+        const std::string file = asked("PICTURES_FOLDER", "/tmp") + "/" + name + "-" + language_ +
+                                 (dark_ ? "-dark" : "") + (picture.devicePixelRatio() > 1 ? "-large" : "") +
+                                 ".png";
+        EXPECT_TRUE(picture.save(QString::fromStdString(file))) << file;
+    }
+
+    static constexpr int kAround = 16; ///< in pixels, of the screen behind the windows
 };
 
 TEST_F(WindowPictures, DISABLED_AreWritten) {
@@ -78,10 +136,9 @@ TEST_F(WindowPictures, DISABLED_AreWritten) {
         take(program.dialog(), "print");
     }
     open(host::read_settings_file(kHandbook), kSamplePpd, language_);
-    takeDialog("covers", "SPAddCoversButton");
-    takeDialog("inserts", "SPAddInsertsButton");
-    takeDialog("exceptions", "SPAddExceptionsButton");
-    takeDialog("warning", "SPDeleteAllButton");
+    takeWindows();
+    takeHelp();
+    takeMenu();
 }
 
 } // namespace
