@@ -149,8 +149,12 @@ class RadioAccessible : public QAccessibleWidget {
     explicit RadioAccessible(QRadioButton& radio) : QAccessibleWidget(&radio, QAccessible::RadioButton) {}
 
     QString text(QAccessible::Text text) const override {
-        const QString own = QAccessibleWidget::text(text);
-        return text == QAccessible::Name && own.isEmpty() ? plain_label(radio().text()) : own;
+        // Not the title of the group that it may stand in, which is what any other widget would be called.
+        const QString own = radio().accessibleName();
+        if (text == QAccessible::Name) {
+            return own.isEmpty() ? plain_label(radio().text()) : own;
+        }
+        return QAccessibleWidget::text(text);
     }
     QAccessible::State state() const override {
         QAccessible::State state = QAccessibleWidget::state();
