@@ -115,6 +115,11 @@ TEST_F(Accessibility, ARowIsReadInTheLanguageOfThePane) {
               "Einlegeblatt nach Seite 3, 1 Blatt, 210.0 x 148.0 mm, White, Plain");
 }
 
+TEST_F(Accessibility, NamesThatAreNotShownAreTranslatedToo) {
+    open({}, kSamplePpd, "de");
+    EXPECT_EQ(name_of(of(widget<QWidget>("SPMainHelpButton"))), "Hilfe");
+}
+
 TEST_F(Accessibility, TheHeadOfARowIsItsSentenceToo) {
     open(host::read_settings_file(kHandbook));
     QAccessibleInterface& table = of(widget<TableWidget>("SPSummaryInfoTableView"));
