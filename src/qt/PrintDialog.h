@@ -63,6 +63,9 @@ class PrintDialog : public QPrintDialog {
     void follow();
     void showTab(PrinterTab* tab);
     void expand();
+    /// Gives the dialog, which has grown downward from where it was placed for its small size, a size for its
+    /// tabs and a place on the screen where all of it is seen.
+    void fitOnScreen();
     bool print();
     void keepSettings();
     QTabWidget& tabs() const;
