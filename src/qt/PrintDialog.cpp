@@ -152,6 +152,7 @@ void PrintDialog::expand() {
     if (!tabs().parentWidget()->isHidden()) {
         return;
     }
+    const QPoint middle = geometry().center();
     for (const auto* const box : findChildren<QDialogButtonBox*>()) {
         for (QAbstractButton* const button : box->buttons()) {
             if (box->buttonRole(button) == QDialogButtonBox::ResetRole) {
@@ -159,12 +160,11 @@ void PrintDialog::expand() {
             }
         }
     }
-    fitOnScreen();
+    fitOnScreen(middle);
 }
 
-void PrintDialog::fitOnScreen() {
+void PrintDialog::fitOnScreen(QPoint middle) {
     const QRect room = screen()->availableGeometry().marginsRemoved(kFrame);
-    const QPoint middle = geometry().center();
     resize(size().expandedTo(kComfortable).boundedTo(room.size()).expandedTo(minimumSizeHint()));
     QRect place(QPoint(), size());
     place.moveCenter(middle);
