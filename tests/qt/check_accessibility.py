@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 """What a screen reader finds of the print dialog, asked over the bus of assistive tools.
 
-    xvfb-run -a dbus-run-session -- tests/qt/on_x_server tests/qt/check_accessibility.py PROGRAM SOURCES LANGUAGE
+    xvfb-run -a tests/qt/on_x_server tests/qt/check_accessibility.py PROGRAM SOURCES LANGUAGE
 
 PROGRAM is special-pages-print, SOURCES the folder with examples/. The program is driven by nothing but the actions that
 it offers to assistive tools. Everything that is wrong is printed, and the exit code is 1.
