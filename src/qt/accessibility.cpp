@@ -56,7 +56,7 @@ class DialogAccessible : public QAccessibleWidget {
     explicit DialogAccessible(DialogWidget& dialog) : QAccessibleWidget(&dialog, QAccessible::Dialog) {}
 
     QString text(QAccessible::Text text) const override {
-        const QString own = QAccessibleWidget::text(text);
+        QString own = QAccessibleWidget::text(text);
         const bool named = text == QAccessible::Name || text == QAccessible::Description;
         if (!named || !own.isEmpty() || !widget()->windowTitle().isEmpty()) {
             return own;

@@ -149,7 +149,7 @@ class MenuAccessible : public QAccessibleWidget {
         return child(static_cast<int>(menu().actions().indexOf(action)));
     }
     QString text(QAccessible::Text text) const override {
-        const QString own = QAccessibleWidget::text(text);
+        QString own = QAccessibleWidget::text(text);
         if (text != QAccessible::Name || !own.isEmpty()) {
             return own;
         }
