@@ -90,7 +90,7 @@ class TableRows : public QAbstractTableModel {
 
   private:
     QString sentence(std::size_t row) const {
-        const QString words = words_ ? words_(row) : QString();
+        QString words = words_ ? words_(row) : QString();
         if (!words.isEmpty()) {
             return words;
         }
