@@ -154,6 +154,11 @@ JobGlance glance_of_rows(std::span<const std::string> rows, ppd_file_t* ppd,
     return glance_of_records(records, ppd, pages, bundle);
 }
 
+std::string sentence_of_row(std::string_view row, ppd_file_t* ppd, const Bundle& bundle) {
+    const SpecialPageRecord record = decode_record(row).record;
+    return record_sentence(record, paper_of_record(record, ppd, bundle), sides_of_job(ppd), bundle);
+}
+
 std::set<std::size_t> cells_of_rows(const JobGlance& glance, const std::set<std::size_t>& rows) {
     std::set<std::size_t> cells;
     for (std::size_t i = 0; i < glance.cells.size(); ++i) {

@@ -14,6 +14,7 @@
 #include <set>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace specialpages::platform {
@@ -74,6 +75,10 @@ JobGlance job_glance(const platform::PrintSettings& settings, ppd_file_t* ppd,
 /// and shows in no sheet.
 JobGlance glance_of_rows(std::span<const std::string> rows, ppd_file_t* ppd,
                          std::optional<std::int64_t> pages, const platform::Bundle& bundle);
+
+/// The sentence of one such row, whatever the document (see record_sentence). Empty for one that cannot be
+/// read.
+std::string sentence_of_row(std::string_view row, ppd_file_t* ppd, const platform::Bundle& bundle);
 
 /// The same of records at hand. The job's sides are the PPD's marked "Duplex"; without one they are one.
 JobGlance glance_of_records(const RecordList& records, ppd_file_t* ppd, std::optional<std::int64_t> pages,

@@ -85,7 +85,7 @@ class Words {
     }
 
     std::string insert(std::int64_t page) const {
-        return page == 0 ? text("Insert Before Sheet") : text("Insert After Sheet", {decimal_text(page)});
+        return page <= 0 ? text("Insert Before Sheet") : text("Insert After Sheet", {decimal_text(page)});
     }
 
     /// The head of a sheet of pages; exceptions have keys of their own, since a word changes the next one's
@@ -147,6 +147,28 @@ std::string sheet_sentence(const SheetRun& run, std::int64_t first, std::int64_t
     const bool one = run.open || sheets == 1;
     return words.joined(
         {words.pages(run, first, sheets), one ? std::string() : count(), words.sides(run.sides), paper.text});
+}
+
+std::string record_sentence(const SpecialPageRecord& record, const SheetPaper& paper, Sides job,
+                            const platform::Bundle& bundle) {
+    // As it would stand in a document of unknown length that has nothing else, so that the words are the
+    // strip's.
+    const Document document{std::nullopt, job};
+    const SheetSequence alone = sheet_sequence({record}, document);
+    for (const SheetNote& note : alone.notes) {
+        return note_sentence(note, record, document, bundle);
+    }
+    for (const SheetRun& run : alone.runs) {
+        if (run.row && run.kind == SheetKind::exception) {
+            // How many sheets that makes is up to the inserts between its pages.
+            const Words words(bundle);
+            return words.joined({words.pages(run, 0, run.sheets), words.sides(run.sides), paper.text});
+        }
+        if (run.row) {
+            return sheet_sentence(run, 0, run.sheets, paper, record.integer(RecordKey::page), bundle);
+        }
+    }
+    return {};
 }
 
 std::string note_sentence(const SheetNote& note, const SpecialPageRecord& record, const Document& document,

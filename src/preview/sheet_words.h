@@ -27,6 +27,13 @@ std::string preview_text(const platform::Bundle& bundle, std::string_view key);
 std::string sheet_sentence(const SheetRun& run, std::int64_t first, std::int64_t sheets,
                            const SheetPaper& paper, std::int64_t insertPage, const platform::Bundle& bundle);
 
+/// The sentence for a record by itself, whatever the document: "Insert after page 3, 2 sheets, A4, Blue,
+/// Plain", "Back cover, the last page on side 1, A4, Blue, Plain", "Exception, pages 5 to 7, 1-sided, A3,
+/// White, Plain", and for one that makes no sheet why: "Exception 7-5: no such pages." `job` are the sides of
+/// an exception that names none. Empty for a record of no kind.
+std::string record_sentence(const SpecialPageRecord& record, const SheetPaper& paper, Sides job,
+                            const platform::Bundle& bundle);
+
 /// Why a record shows in no sheet or in fewer: "Insert after page 30: the document ends at page 24".
 std::string note_sentence(const SheetNote& note, const SpecialPageRecord& record, const Document& document,
                           const platform::Bundle& bundle);

@@ -1,6 +1,8 @@
 #include "qt/PaneGlance.h"
 
 #include "host/PaneModule.h"
+#include "preview/JobGlance.h"
+#include "qt/text.h"
 
 #include <QVBoxLayout>
 #include <string>
@@ -54,6 +56,11 @@ void PaneGlance::setPages(std::optional<std::int64_t> pages) {
         pages_ = pages;
         refresh();
     }
+}
+
+QString PaneGlance::rowSentence(std::size_t row) {
+    return shown_text(preview::sentence_of_row(table_.representedObject(row).value_or(std::string()),
+                                               host_.ppd().get(), *host_.module().bundle()));
 }
 
 void PaneGlance::tableChanged(platform::ViewChange change) {

@@ -7,6 +7,7 @@
 #include "platform/toolkit/TableView.h"
 #include "qt/SheetStrip.h"
 
+#include <QString>
 #include <QTimer>
 #include <QWidget>
 #include <cstdint>
@@ -28,6 +29,9 @@ class PaneGlance : public QWidget {
     /// Brings the strip in line with the host's printer and the table now. Changes of the table's rows lead
     /// here by themselves, once a turn of the event loop; a choice marked in the PPD does not.
     void refresh();
+
+    /// The row of the table in words, with those of the strip. Empty for one that stands for nothing.
+    QString rowSentence(std::size_t row);
 
     SheetStrip& strip() { return *strip_; }
 

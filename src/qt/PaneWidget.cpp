@@ -1,6 +1,7 @@
 #include "qt/PaneWidget.h"
 
 #include "host/HostError.h"
+#include "platform/foundation/Bundle.h"
 #include "platform/services/help_viewer.h"
 #include "platform/toolkit/Application.h"
 #include "qt/DialogWidget.h"
@@ -13,6 +14,8 @@
 #include <QMessageBox>
 #include <QShortcut>
 #include <QVBoxLayout>
+#include <filesystem>
+#include <string>
 
 namespace specialpages::qt {
 
@@ -25,6 +28,17 @@ platform::View& view_of(host::PrintHost& host) {
                               "expected a pane with a view from a nib for this printer");
     }
     return *view;
+}
+
+/// Views are translated with their nib; names for assistive tools alone are none of theirs.
+void translate_names(QWidget& root, const platform::Bundle& bundle, const std::filesystem::path& nib) {
+    const std::string table = nib.stem().string();
+    for (QWidget* const widget : root.findChildren<QWidget*>()) {
+        const std::string name = model_text(widget->accessibleName());
+        if (!name.empty()) {
+            widget->setAccessibleName(shown_text(bundle.localizedStringForKey(name, name, table)));
+        }
+    }
 }
 
 /// A key that stands for a click on the button, while the keyboard is in `place` (or below it).
@@ -49,6 +63,7 @@ PaneWidget::PaneWidget(host::PrintHost& host, QtFace& face, QWidget* parent)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(&nib_.root());
     setWindowTitle(shown_text(host.panel()->panelName()));
+    translate_names(*this, *host.module().bundle(), view_of(host).nibFile());
     mirror_.bind(view_of(host));
     mirror_.followFocus(host.window());
     makeKeys();

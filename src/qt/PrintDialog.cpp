@@ -8,14 +8,22 @@
 #include <QAbstractButton>
 #include <QComboBox>
 #include <QDialogButtonBox>
+#include <QMargins>
 #include <QMessageBox>
 #include <QPrinter>
+#include <QScreen>
 #include <QTabWidget>
+#include <algorithm>
 #include <utility>
 
 namespace specialpages::qt {
 
 namespace {
+
+/// In which the pane's table shows its rows whole.
+constexpr QSize kComfortable(660, 740);
+/// Room for what a window manager draws around a window.
+constexpr QMargins kFrame(4, 24, 4, 8);
 
 /// The part of that name; any of its kind for a null name.
 template <class Widget>
@@ -144,6 +152,7 @@ void PrintDialog::expand() {
     if (!tabs().parentWidget()->isHidden()) {
         return;
     }
+    const QPoint middle = geometry().center();
     for (const auto* const box : findChildren<QDialogButtonBox*>()) {
         for (QAbstractButton* const button : box->buttons()) {
             if (box->buttonRole(button) == QDialogButtonBox::ResetRole) {
@@ -151,6 +160,18 @@ void PrintDialog::expand() {
             }
         }
     }
+    fitOnScreen(middle);
+}
+
+void PrintDialog::fitOnScreen(QPoint middle) {
+    const QRect room = screen()->availableGeometry().marginsRemoved(kFrame);
+    resize(size().expandedTo(kComfortable).boundedTo(room.size()).expandedTo(minimumSizeHint()));
+    QRect place(QPoint(), size());
+    place.moveCenter(middle);
+    // The upper left corner counts most, since a window may have to be larger than a small screen.
+    place.moveBottomRight({std::min(place.right(), room.right()), std::min(place.bottom(), room.bottom())});
+    place.moveTopLeft({std::max(place.left(), room.left()), std::max(place.top(), room.top())});
+    setGeometry(place);
 }
 
 void PrintDialog::setPrintHandler(std::function<void(const PrintRequest&)> handler) {

@@ -6,6 +6,7 @@
 #include "qt/PrinterTab.h"
 #include "qt/WindowTexts.h"
 
+#include <QPoint>
 #include <QPrintDialog>
 #include <QString>
 #include <functional>
@@ -63,6 +64,9 @@ class PrintDialog : public QPrintDialog {
     void follow();
     void showTab(PrinterTab* tab);
     void expand();
+    /// Gives the dialog, which has grown downward from where it was placed for its small size, a size for its
+    /// tabs and a place on the screen where all of it is seen, around where its middle was.
+    void fitOnScreen(QPoint middle);
     bool print();
     void keepSettings();
     QTabWidget& tabs() const;

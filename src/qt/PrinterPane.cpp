@@ -1,8 +1,10 @@
 #include "qt/PrinterPane.h"
 
 #include "platform/foundation/Bundle.h"
+#include "qt/TableWidget.h"
 
 #include <QLayout>
+#include <QPointer>
 #include <utility>
 
 namespace specialpages::qt {
@@ -29,6 +31,11 @@ std::unique_ptr<PrinterPane> PrinterPane::open(host::PpdFile ppd, PrinterPaneOpt
     if (auto* const table = PaneGlance::tableBelow(*pane->host_->panel()->panelView())) {
         pane->glance_ = new PaneGlance(*pane->host_, *table, pane->widget_.get());
         pane->widget_->layout()->addWidget(pane->glance_);
+        if (auto* const rows = dynamic_cast<TableWidget*>(pane->widget_->mirror().widgetOf(*table))) {
+            rows->setRowWords([glance = QPointer<PaneGlance>(pane->glance_)](std::size_t row) {
+                return glance == nullptr ? QString() : glance->rowSentence(row);
+            });
+        }
     }
     return pane;
 }

@@ -24,6 +24,8 @@ class TableRows : public QAbstractTableModel {
         endResetModel();
     }
 
+    void setRowWords(TableWidget::RowWords words) { words_ = std::move(words); }
+
     void rowsChanged() {
         const int next = table_ == nullptr ? 0 : static_cast<int>(table_->numberOfRows());
         if (next > rows_) {
@@ -61,6 +63,8 @@ class TableRows : public QAbstractTableModel {
             return tip ? QVariant(shown_text(*tip)) : QVariant();
         }
         case Qt::AccessibleTextRole:
+            // Going from row to row, readers say the cells in their order, and know of nothing that stands
+            // for the row but them: the first one says the row, the others themselves.
             return column == 0 ? QVariant(sentence(row)) : data(index, Qt::DisplayRole);
         default:
             return {};
@@ -68,6 +72,11 @@ class TableRows : public QAbstractTableModel {
     }
 
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override {
+        // Assistive tools are shown the head of a row even where it is hidden.
+        if (table_ != nullptr && orientation == Qt::Vertical && section >= 0 && section < rows_ &&
+            role == Qt::AccessibleTextRole) {
+            return sentence(static_cast<std::size_t>(section));
+        }
         const bool there =
             table_ != nullptr && orientation == Qt::Horizontal && section >= 0 && section < columnCount({});
         if (there && role == Qt::DisplayRole) {
@@ -80,20 +89,23 @@ class TableRows : public QAbstractTableModel {
     }
 
   private:
-    /// The whole row, for those who hear it: each cell after its column's title.
     QString sentence(std::size_t row) const {
+        QString words = words_ ? words_(row) : QString();
+        if (!words.isEmpty()) {
+            return words;
+        }
         QStringList parts;
         for (std::size_t column = 0; column < table_->tableColumns().size(); ++column) {
             const QString text = shown_text(table_->text(row, column));
-            const QString title = shown_text(table_->tableColumns()[column].headerTitle);
             if (!text.isEmpty()) {
-                parts << (title.isEmpty() ? text : title + QLatin1Char(' ') + text);
+                parts << text;
             }
         }
         return parts.join(QLatin1String(", "));
     }
 
     platform::TableView* table_ = nullptr;
+    TableWidget::RowWords words_;
     int rows_ = 0;
 };
 
@@ -111,6 +123,10 @@ TableWidget::TableWidget(QWidget* parent) : QTableView(parent), rows_(new TableR
     horizontalHeader()->setSectionsClickable(false);
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
+}
+
+void TableWidget::setRowWords(RowWords words) {
+    rows_->setRowWords(std::move(words));
 }
 
 void TableWidget::setTable(platform::TableView* table) {

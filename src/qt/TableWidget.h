@@ -3,7 +3,9 @@
 
 #include "platform/toolkit/TableView.h"
 
+#include <QString>
 #include <QTableView>
+#include <cstddef>
 #include <functional>
 
 namespace specialpages::qt {
@@ -19,6 +21,11 @@ class TableWidget : public QTableView {
         std::function<void()> doubleClicked;
     };
     void setHandlers(Handlers handlers) { handlers_ = std::move(handlers); }
+
+    /// Says a whole row, for those who hear it; empty for a row that it has no words for.
+    using RowWords = std::function<QString(std::size_t row)>;
+    /// Without such words, or where they are empty, a row is said by its cells' texts.
+    void setRowWords(RowWords words);
 
     /// The model that it shows; borrowed, null for none.
     void setTable(platform::TableView* table);

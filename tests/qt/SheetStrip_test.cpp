@@ -1,4 +1,5 @@
 #include "qt/SheetStrip.h"
+#include "qt/events.h"
 #include "qt/strip_application.h"
 
 #include <gmock/gmock.h>
@@ -306,7 +307,7 @@ TEST_F(StripRead, TheFocusedChildIsTheCurrentSheet) {
     strip->clearFocus();
     EXPECT_EQ(list().focusChild(), nullptr);
     press(Qt::Key_Home);
-    strip->activateWindow();
+    testing::activate(*strip);
     strip->setFocus();
     QCoreApplication::processEvents();
     ASSERT_TRUE(strip->hasFocus());

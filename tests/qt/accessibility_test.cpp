@@ -10,7 +10,9 @@
 #include <gtest/gtest.h>
 
 #include <QAccessible>
+#include <QGroupBox>
 #include <QLabel>
+#include <QRadioButton>
 #include <map>
 #include <string>
 
@@ -96,11 +98,61 @@ TEST_F(Accessibility, ARowIsReadAsASentence) {
     QAccessibleTableInterface* const told = of(table).tableInterface();
     ASSERT_NE(told, nullptr);
     EXPECT_EQ(told->rowCount(), 7);
-    EXPECT_EQ(name_of(*told->cellAt(0, 0)),
-              "Page(s) Front, Type Cover, Setup Print on side 1; A4, Blue, Thick 1");
-    EXPECT_EQ(name_of(*told->cellAt(2, 0)),
-              "Page(s) 5-7, Type Exception, Setup 2-sided, long edge; A3, White, Plain");
+    EXPECT_EQ(name_of(*told->cellAt(0, 0)), "Front cover, page 1 on side 1, A4, Blue, Thick 1");
+    EXPECT_EQ(name_of(*told->cellAt(2, 0)), "Exception, pages 5 to 7, 2-sided, long edge, A3, White, Plain");
+    EXPECT_EQ(name_of(*told->cellAt(4, 0)), "Insert after page 12, 3 sheets, A4 Cover, White, Tab Stock 1");
+    EXPECT_EQ(name_of(*told->cellAt(6, 0)), "Back cover, the last page on side 1, A4, Blue, Thick 1");
     EXPECT_EQ(name_of(*told->cellAt(2, 1)), "Exception");
+    EXPECT_EQ(name_of(*told->cellAt(2, 2)), "2-sided, long edge; A3, White, Plain");
+}
+
+TEST_F(Accessibility, ARowIsReadInTheLanguageOfThePane) {
+    open(host::read_settings_file(kHandbook), kSamplePpd, "de");
+    QAccessibleTableInterface* const told =
+        of(widget<TableWidget>("SPSummaryInfoTableView")).tableInterface();
+    ASSERT_NE(told, nullptr);
+    EXPECT_EQ(name_of(*told->cellAt(1, 0)),
+              "Einlegeblatt nach Seite 3, 1 Blatt, 210.0 x 148.0 mm, White, Plain");
+}
+
+TEST_F(Accessibility, NamesThatAreNotShownAreTranslatedToo) {
+    open({}, kSamplePpd, "de");
+    EXPECT_EQ(name_of(of(widget<QWidget>("SPMainHelpButton"))), "Hilfe");
+}
+
+TEST_F(Accessibility, TheHeadOfARowIsItsSentenceToo) {
+    open(host::read_settings_file(kHandbook));
+    QAccessibleInterface& table = of(widget<TableWidget>("SPSummaryInfoTableView"));
+    std::vector<std::string> heads;
+    for (int i = 0; i < table.childCount(); ++i) {
+        if (table.child(i)->role() == QAccessible::RowHeader) {
+            heads.push_back(name_of(*table.child(i)));
+        }
+    }
+    ASSERT_EQ(heads.size(), 7U);
+    EXPECT_EQ(heads[5], "Insert after page 20, 1 sheet, Interposer (Tray 8)");
+}
+
+TEST_F(Accessibility, ARowWithoutWordsIsReadCellByCell) {
+    open(host::read_settings_file(kHandbook));
+    auto& table = widget<TableWidget>("SPSummaryInfoTableView");
+    const auto row_of = [&](int row) {
+        return name_of(*of(table).tableInterface()->cellAt(row, 0));
+    };
+    table.setRowWords([](std::size_t row) { return row == 0 ? QString() : QStringLiteral("Row"); });
+    EXPECT_EQ(row_of(0), "Front, Cover, Print on side 1; A4, Blue, Thick 1");
+    EXPECT_EQ(row_of(1), "Row");
+    table.setRowWords(nullptr);
+    EXPECT_EQ(row_of(2), "5-7, Exception, 2-sided, long edge; A3, White, Plain");
+}
+
+TEST_F(Accessibility, ARadioButtonInAGroupHasItsOwnName) {
+    open();
+    QGroupBox group(QStringLiteral("Print range"));
+    QRadioButton all(QStringLiteral("Print &all"), &group);
+    EXPECT_EQ(name_of(of(all)), "Print all");
+    all.setAccessibleName(QStringLiteral("All pages"));
+    EXPECT_EQ(name_of(of(all)), "All pages");
 }
 
 TEST_F(Accessibility, ADisabledItemGivesItsReason) {

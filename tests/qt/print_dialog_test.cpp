@@ -14,6 +14,8 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPrinter>
+#include <QScreen>
+#include <QScrollBar>
 #include <QTabWidget>
 #include <QTimer>
 #include <sstream>
@@ -81,6 +83,17 @@ TEST_F(PrintDialogTest, ThePaneIsTheTabThatIsSeen) {
     ASSERT_NE(table, nullptr);
     EXPECT_TRUE(table->isVisible());
     EXPECT_EQ(table->model()->rowCount(), 7);
+}
+
+TEST_F(PrintDialogTest, AllOfTheDialogIsOnTheScreenAndTheRowsAreWhole) {
+    PrintDialog dialog(printer_);
+    show(dialog);
+    const QRect screen = dialog.screen()->availableGeometry();
+    EXPECT_TRUE(screen.contains(dialog.geometry()))
+        << dialog.geometry().bottom() << " of " << screen.bottom();
+    const auto* const table = dialog.findChild<QTableView*>("SPSummaryInfoTableView");
+    ASSERT_NE(table, nullptr);
+    EXPECT_FALSE(table->horizontalScrollBar()->isVisible());
 }
 
 TEST_F(PrintDialogTest, PrintWritesTheSettings) {

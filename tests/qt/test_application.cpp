@@ -1,5 +1,7 @@
 // The one QApplication of the tests. It is made before the first test runs and never destroyed, as windows of
 // static storage may end after it would have been.
+#include "platform/foundation/Bundle.h"
+#include "support/identifiers.h"
 #include "testing/paths.h"
 
 #include <gtest/gtest.h>
@@ -14,9 +16,22 @@
 
 namespace {
 
+/// The pane's module keeps its bundle, and with it the language of the last pane, until the process ends.
+class EnglishForEachTest : public ::testing::EmptyTestEventListener {
+  public:
+    void OnTestStart(const ::testing::TestInfo& /*test*/) override {
+        const auto bundle =
+            specialpages::platform::Bundle::CFBundleGetBundleWithIdentifier(specialpages::kBundleIdentifier);
+        if (bundle != nullptr) {
+            bundle->setPreferredLanguages({"en"});
+        }
+    }
+};
+
 class ApplicationOfTheTests : public ::testing::Environment {
   public:
     void SetUp() override {
+        ::testing::UnitTest::GetInstance()->listeners().Append(new EnglishForEachTest);
         // Nothing of the desktop that the tests run on: no screen unless one is asked for, and these fonts.
         setenv("QT_QPA_PLATFORM", "offscreen", 0);
         setenv("FONTCONFIG_FILE", (paths::source_dir() + "/tests/data/fonts.conf").c_str(), 0);
