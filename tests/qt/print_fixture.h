@@ -5,6 +5,7 @@
 #include "cli/enter_job.h"
 #include "host/PaneModule.h"
 #include "host/host_fixtures.h"
+#include "platform/foundation/Bundle.h"
 #include "qt/NextDialog.h"
 #include "qt/PrintProgram.h"
 #include "qt/TableWidget.h"
@@ -52,6 +53,13 @@ inline std::filesystem::path make_pdf(const std::filesystem::path& file, int pag
 
 class PrintProgramTest : public ::testing::Test {
   protected:
+    ~PrintProgramTest() override {
+        if (program_ != nullptr && dialog().pane() != nullptr) {
+            // The module keeps the bundle, with the language that it spoke last.
+            dialog().pane()->host().module().bundle()->setPreferredLanguages({"en"});
+        }
+    }
+
     static std::string sample(const std::string& name) {
         return paths::source_dir() + "/examples/ppd/" + name + ".ppd";
     }
