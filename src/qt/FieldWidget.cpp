@@ -7,6 +7,15 @@
 
 namespace specialpages::qt {
 
+namespace {
+
+/// Whether the keyboard moves between windows or into a menu, and not between a window's controls.
+bool is_of_windows(Qt::FocusReason reason) {
+    return reason == Qt::PopupFocusReason || reason == Qt::ActiveWindowFocusReason;
+}
+
+} // namespace
+
 FieldWidget::FieldWidget(QWidget* parent) : QLineEdit(parent) {
     QObject::connect(this, &QLineEdit::textEdited, this, [this](const QString& text) {
         use([&] {
@@ -58,14 +67,16 @@ bool FieldWidget::event(QEvent* event) {
 
 void FieldWidget::focusInEvent(QFocusEvent* event) {
     QLineEdit::focusInEvent(event);
-    use(handlers_.entered);
+    // A window that comes back brings its keyboard with it: the user never left the field.
+    if (!std::exchange(isAway_, false) || !is_of_windows(event->reason())) {
+        use(handlers_.entered);
+    }
 }
 
 void FieldWidget::focusOutEvent(QFocusEvent* event) {
     QLineEdit::focusOutEvent(event);
-    const bool stays =
-        event->reason() == Qt::PopupFocusReason || event->reason() == Qt::ActiveWindowFocusReason;
-    if (!stays && handlers_.left) {
+    isAway_ = is_of_windows(event->reason());
+    if (!isAway_ && handlers_.left) {
         handlers_.left();
     }
 }

@@ -11,7 +11,7 @@ class FieldWidget : public QLineEdit {
     explicit FieldWidget(QWidget* parent);
 
     /// `entered`: the keyboard comes; `edited`: the text that a key would make; `left`: the keyboard goes to
-    /// another control (not to a menu or another window).
+    /// another control. A menu or another window that has it for a while is neither.
     struct Handlers {
         std::function<void()> entered;
         std::function<void(const QString& text)> edited;
@@ -45,6 +45,7 @@ class FieldWidget : public QLineEdit {
     Handlers handlers_;
     Before before_;
     bool inUse_ = false;
+    bool isAway_ = false; ///< the keyboard is in another window or a menu, and comes back
 };
 
 } // namespace specialpages::qt

@@ -1,8 +1,8 @@
 // The widgets of a nib, made by Qt's own loader from the Designer source that the bundle carries: the same
 // XML that the headless loader makes the models from. What a widget becomes is decided by its view's kind, so
 // that a list drawn as a combo box is a PopUpWidget, arrows drawn as a spin box a StepperWidget, and so on. A
-// window whose nib says `statusLine` has one. A window's widgets are made when the first of them is asked for:
-// a print dialog opens with the pane, and most of a nib is in windows that few jobs need.
+// window whose nib says `statusLine` has one. A window's widgets are made when the first of them is asked
+// for: a print dialog opens with the pane, and most of a nib is in windows that few jobs need.
 #pragma once
 
 #include "platform/toolkit/Nib.h"

@@ -1,8 +1,10 @@
 // The mirror between views and widgets: what is touched, what a user's keys do, and nothing is sent back.
+#include "platform/toolkit/Application.h"
 #include "platform/toolkit/Button.h"
 #include "platform/toolkit/PopUpButton.h"
 #include "platform/toolkit/TableView.h"
 #include "platform/toolkit/TextField.h"
+#include "platform/toolkit/Window.h"
 #include "qt/FieldWidget.h"
 #include "qt/IconWidget.h"
 #include "qt/PopUpWidget.h"
@@ -15,6 +17,7 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
+#include <QFocusEvent>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QTextBrowser>
@@ -232,6 +235,29 @@ TEST_F(MirrorTest, TheFieldThatRefusedHasTheKeyboardAndItsTextSelected) {
         EXPECT_TRUE(dialog.isVisible());
         EXPECT_EQ(dialog.focusWidget(), &field);
         EXPECT_EQ(field.selectedText(), "9-7");
+    });
+}
+
+TEST_F(MirrorTest, AFieldOfAWindowThatComesBackIsNotEnteredAnew) {
+    open();
+    inDialog("SPAddInsertsButton", [&](QDialog&) {
+        auto& field = widget<FieldWidget>("spInstPageNumEdit");
+        click(field, QPoint(4, field.height() / 2));
+        platform::Window& window = *platform::Application::shared().frontWindow();
+        const platform::View* const entered = window.firstResponder();
+        ASSERT_NE(entered, nullptr);
+        EXPECT_EQ(entered->name(), "spInstPageNumEdit");
+        window.makeFirstResponder(nullptr);
+        const auto send = [&](QEvent::Type type, Qt::FocusReason reason) {
+            QFocusEvent event(type, reason);
+            QApplication::sendEvent(&field, &event);
+        };
+        send(QEvent::FocusOut, Qt::ActiveWindowFocusReason);
+        send(QEvent::FocusIn, Qt::ActiveWindowFocusReason);
+        EXPECT_EQ(window.firstResponder(), nullptr);
+        send(QEvent::FocusOut, Qt::PopupFocusReason);
+        send(QEvent::FocusIn, Qt::TabFocusReason);
+        EXPECT_EQ(window.firstResponder(), entered);
     });
 }
 

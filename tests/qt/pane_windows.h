@@ -72,7 +72,6 @@ class PaneWindowsTest : public QtPaneTest {
     }
     void close() {
         pane_->widget().setParent(nullptr);
-        pane_->host().module().bundle()->setPreferredLanguages({"en"});
         window_.reset();
         pane_.reset();
     }

@@ -53,13 +53,6 @@ inline std::filesystem::path make_pdf(const std::filesystem::path& file, int pag
 
 class PrintProgramTest : public ::testing::Test {
   protected:
-    ~PrintProgramTest() override {
-        if (program_ != nullptr && dialog().pane() != nullptr) {
-            // The module keeps the bundle, with the language that it spoke last.
-            dialog().pane()->host().module().bundle()->setPreferredLanguages({"en"});
-        }
-    }
-
     static std::string sample(const std::string& name) {
         return paths::source_dir() + "/examples/ppd/" + name + ".ppd";
     }

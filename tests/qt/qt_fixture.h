@@ -49,8 +49,6 @@ class QtPaneTest : public ::testing::Test {
     ~QtPaneTest() override {
         if (pane_ != nullptr) {
             pane_->widget().setParent(nullptr);
-            // The module keeps the bundle, with the language that it spoke last.
-            pane_->host().module().bundle()->setPreferredLanguages({"en"});
         }
     }
 
