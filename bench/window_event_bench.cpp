@@ -115,7 +115,7 @@ class PaneWindow {
         qt::PrinterPaneOptions options;
         options.ppd = kPpd;
         options.settings = settings_with(records);
-        pane_ = qt::PrinterPane::open(std::move(options), face);
+        pane_ = qt::PrinterPane::open(options, face);
         if (pane_ == nullptr || pane_->glance() == nullptr) {
             throw std::runtime_error("the bundle has no pane for this PPD");
         }

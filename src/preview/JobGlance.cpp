@@ -162,7 +162,8 @@ std::string sentence_of_row(std::string_view row, ppd_file_t* ppd, const Bundle&
 std::set<std::size_t> cells_of_rows(const JobGlance& glance, const std::set<std::size_t>& rows) {
     std::set<std::size_t> cells;
     for (std::size_t i = 0; i < glance.cells.size(); ++i) {
-        if (glance.cells[i].row && rows.contains(*glance.cells[i].row)) {
+        const std::optional<std::size_t>& row = glance.cells[i].row;
+        if (row && rows.contains(*row)) {
             cells.insert(i);
         }
     }
@@ -172,8 +173,10 @@ std::set<std::size_t> cells_of_rows(const JobGlance& glance, const std::set<std:
 std::set<std::size_t> rows_of_cells(const JobGlance& glance, const std::set<std::size_t>& cells) {
     std::set<std::size_t> rows;
     for (const std::size_t cell : cells) {
-        if (cell < glance.cells.size() && glance.cells[cell].row) {
-            rows.insert(*glance.cells[cell].row);
+        const std::optional<std::size_t> row =
+            cell < glance.cells.size() ? glance.cells[cell].row : std::nullopt;
+        if (row) {
+            rows.insert(*row);
         }
     }
     return rows;

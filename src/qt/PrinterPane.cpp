@@ -9,19 +9,18 @@
 
 namespace specialpages::qt {
 
-std::unique_ptr<PrinterPane> PrinterPane::open(PrinterPaneOptions options, QtFace& face) {
-    host::PpdFile ppd(options.ppd);
-    return open(std::move(ppd), std::move(options), face);
+std::unique_ptr<PrinterPane> PrinterPane::open(const PrinterPaneOptions& options, QtFace& face) {
+    return open(host::PpdFile(options.ppd), options, face);
 }
 
-std::unique_ptr<PrinterPane> PrinterPane::open(host::PpdFile ppd, PrinterPaneOptions options, QtFace& face) {
+std::unique_ptr<PrinterPane> PrinterPane::open(host::PpdFile ppd, const PrinterPaneOptions& options,
+                                               QtFace& face) {
     std::unique_ptr<PrinterPane> pane(new PrinterPane);
     host::PaneModule module(options.bundle.empty() ? host::find_bundle() : options.bundle);
     if (!options.language.empty()) {
         module.bundle()->setPreferredLanguages({options.language});
     }
-    pane->host_ =
-        std::make_unique<host::PrintHost>(std::move(ppd), std::move(options.settings), options.printer);
+    pane->host_ = std::make_unique<host::PrintHost>(std::move(ppd), options.settings, options.printer);
     if (!pane->host_->openPane(std::move(module))) {
         return nullptr;
     }

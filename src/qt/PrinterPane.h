@@ -27,9 +27,10 @@ class PrinterPane {
   public:
     /// Opens the PPD and the pane, and restores the pane from the settings. Null when the printer has no such
     /// pane. HostError: input for a PPD that cannot be read, other for a bundle or nib that cannot be used.
-    static std::unique_ptr<PrinterPane> open(PrinterPaneOptions options, QtFace& face);
+    static std::unique_ptr<PrinterPane> open(const PrinterPaneOptions& options, QtFace& face);
     /// The same for a PPD that is open.
-    static std::unique_ptr<PrinterPane> open(host::PpdFile ppd, PrinterPaneOptions options, QtFace& face);
+    static std::unique_ptr<PrinterPane> open(host::PpdFile ppd, const PrinterPaneOptions& options,
+                                             QtFace& face);
 
     host::PrintHost& host() { return *host_; }
     PaneWidget& widget() { return *widget_; }

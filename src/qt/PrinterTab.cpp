@@ -96,18 +96,18 @@ std::unique_ptr<PrinterTab> open_printer_tab(const ReadPpd& ppd, PrinterTabOptio
     try {
         host::PpdFile file = ppd();
         const std::string name = options.printer.empty() ? file.model_name() : options.printer;
-        Recalled recalled = recall(name);
+        const Recalled recalled = recall(name);
         const bool remembered = recalled.settings.has_value();
         PrinterPaneOptions pane;
         pane.printer = options.printer;
         pane.language = std::move(options.language);
         pane.bundle = std::move(options.bundle);
         if (options.settings) {
-            pane.settings = std::move(*options.settings);
+            pane.settings = *options.settings;
         } else if (recalled.settings) {
-            pane.settings = std::move(*recalled.settings);
+            pane.settings = *recalled.settings;
         }
-        auto opened = PrinterPane::open(std::move(file), std::move(pane), face);
+        auto opened = PrinterPane::open(std::move(file), pane, face);
         if (opened == nullptr) {
             return nullptr;
         }

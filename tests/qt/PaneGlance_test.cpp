@@ -28,7 +28,7 @@ class PaneStrip : public ::testing::Test {
         options.ppd = paths::source_dir() + "/examples/ppd/production.ppd";
         options.settings = host::read_settings_file(paths::source_dir() + "/examples/settings/handbook.json");
         options.bundle = paths::bundle_dir();
-        pane = PrinterPane::open(std::move(options), *face);
+        pane = PrinterPane::open(options, *face);
         pane->widget().activate();
         pane->widget().resize(600, 450);
         pane->widget().show();

@@ -257,7 +257,9 @@ TEST_F(PrintLayout, WhatTheTabGainsGoesToTheListAndTheStrip) {
     options.settings = kHandbook;
     start(options);
     PrinterTab& tab = *dialog().tab();
-    tab.setParent(nullptr); // by itself, so that its size is the test's
+    QWidget desk; // a window's own size would be the window manager's
+    tab.setParent(&desk);
+    desk.show();
     tab.show();
     const auto sizes = [&](int width, int height) {
         tab.resize(width, height);
@@ -276,6 +278,7 @@ TEST_F(PrintLayout, WhatTheTabGainsGoesToTheListAndTheStrip) {
     EXPECT_GE(list.height(), listBefore.height() + 300);
     EXPECT_GE(strip.height(), stripBefore.height());
     EXPECT_EQ(sizes(600, 450), std::pair(listBefore, stripBefore)) << "and gives it back";
+    tab.setParent(nullptr); // the dialog's own again
 }
 
 TEST_F(PrintLayout, TheTabFits600By450InEveryLanguage) {

@@ -59,7 +59,7 @@ class PrintDialogTest : public QtPaneTest {
         PrinterPaneOptions options;
         options.ppd = kSamplePpd;
         options.settings = host::read_settings_file(kHandbook);
-        return PrinterPane::open(std::move(options), face_);
+        return PrinterPane::open(options, face_);
     }
     /// Shows the dialog with the pane for its one printer.
     void show(PrintDialog& dialog) {

@@ -34,7 +34,7 @@ class QtPaneTest : public ::testing::Test {
         options.ppd = ppd;
         options.settings = std::move(settings);
         options.language = language;
-        pane_ = PrinterPane::open(std::move(options), face_);
+        pane_ = PrinterPane::open(options, face_);
         ASSERT_NE(pane_, nullptr);
         pane_->widget().activate();
         window_ = std::make_unique<QWidget>();
