@@ -12,7 +12,6 @@
 
 #include <chrono>
 #include <cstdio>
-#include <exception>
 #include <fcntl.h>
 #include <filesystem>
 #include <optional>
@@ -137,10 +136,5 @@ int run(int argc, char** argv) {
 } // namespace specialpages::bench
 
 int main(int argc, char** argv) {
-    try {
-        return specialpages::bench::run(argc, argv);
-    } catch (const std::exception& error) {
-        std::fprintf(stderr, "apply_process_bench: %s\n", error.what());
-        return 1;
-    }
+    return specialpages::bench::told(argv[0], [&] { return specialpages::bench::run(argc, argv); });
 }

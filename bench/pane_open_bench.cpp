@@ -19,7 +19,6 @@
 #include <cups/ppd.h>
 
 #include <cstdio>
-#include <exception>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -130,10 +129,5 @@ int run(int argc, char** argv) {
 } // namespace specialpages::bench
 
 int main(int argc, char** argv) {
-    try {
-        return specialpages::bench::run(argc, argv);
-    } catch (const std::exception& error) {
-        std::fprintf(stderr, "pane_open_bench: %s\n", error.what());
-        return 1;
-    }
+    return specialpages::bench::told(argv[0], [&] { return specialpages::bench::run(argc, argv); });
 }

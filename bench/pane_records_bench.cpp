@@ -13,7 +13,6 @@
 #include <benchmark/benchmark.h>
 
 #include <cstdio>
-#include <exception>
 #include <memory>
 #include <string>
 #include <variant>
@@ -99,10 +98,5 @@ int run(int argc, char** argv) {
 } // namespace specialpages::bench
 
 int main(int argc, char** argv) {
-    try {
-        return specialpages::bench::run(argc, argv);
-    } catch (const std::exception& error) {
-        std::fprintf(stderr, "pane_records_bench: %s\n", error.what());
-        return 1;
-    }
+    return specialpages::bench::told(argv[0], [&] { return specialpages::bench::run(argc, argv); });
 }

@@ -5,6 +5,9 @@
 #include <benchmark/benchmark.h>
 
 #include <cstdio>
+#include <exception>
+#include <filesystem>
+#include <functional>
 #include <map>
 #include <string>
 #include <vector>
@@ -54,6 +57,16 @@ class Medians : public benchmark::ConsoleReporter {
     std::map<std::string, Run> medians_;
     bool failed_ = false;
 };
+
+/// What `run` answers; 1 when it throws, with the sentence on standard error.
+inline int told(const char* program, const std::function<int()>& run) {
+    try {
+        return run();
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "%s: %s\n", std::filesystem::path(program).filename().c_str(), error.what());
+        return 1;
+    }
+}
 
 /// Runs what was registered, five times each in random order, unless the command line says otherwise. False
 /// for an argument that nobody knows and when a benchmark stopped with an error.

@@ -19,7 +19,6 @@
 #include <benchmark/benchmark.h>
 
 #include <cstdio>
-#include <exception>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -115,10 +114,5 @@ int run(int argc, char** argv) {
 } // namespace specialpages::bench
 
 int main(int argc, char** argv) {
-    try {
-        return specialpages::bench::run(argc, argv);
-    } catch (const std::exception& error) {
-        std::fprintf(stderr, "table_refresh_bench: %s\n", error.what());
-        return 1;
-    }
+    return specialpages::bench::told(argv[0], [&] { return specialpages::bench::run(argc, argv); });
 }

@@ -28,7 +28,6 @@
 #include <cstdio>
 #include <cstdlib>
 #include <ctime>
-#include <exception>
 #include <functional>
 #include <memory>
 #include <stdexcept>
@@ -350,10 +349,5 @@ int run(int argc, char** argv) {
 } // namespace specialpages::bench
 
 int main(int argc, char** argv) {
-    try {
-        return specialpages::bench::run(argc, argv);
-    } catch (const std::exception& error) {
-        std::fprintf(stderr, "window_event_bench: %s\n", error.what());
-        return 1;
-    }
+    return specialpages::bench::told(argv[0], [&] { return specialpages::bench::run(argc, argv); });
 }

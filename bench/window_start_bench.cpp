@@ -32,7 +32,6 @@
 #include <cstdio>
 #include <cstdlib>
 #include <ctime>
-#include <exception>
 #include <fcntl.h>
 #include <filesystem>
 #include <iostream>
@@ -278,7 +277,7 @@ int run(const std::vector<std::string_view>& arguments) {
 
 int main(int argc, char** argv) {
     using namespace specialpages::bench;
-    try {
+    return told(argv[0], [&] {
         const std::vector<std::string_view> arguments(argv + 1, argv + argc);
         for (std::size_t subject = 0; subject < kSubjects; ++subject) {
             if (arguments.size() == 1 && arguments[0] == kArguments[subject]) {
@@ -286,8 +285,5 @@ int main(int argc, char** argv) {
             }
         }
         return run(arguments);
-    } catch (const std::exception& error) {
-        std::fprintf(stderr, "window_start_bench: %s\n", error.what());
-        return 1;
-    }
+    });
 }
