@@ -6,16 +6,14 @@
 #include "host/PaneModule.h"
 #include "host/PpdFile.h"
 #include "host/PrintHost.h"
-#include "platform/print/PrintSettings.h"
 #include "platform/toolkit/Application.h"
 #include "platform/toolkit/Button.h"
 #include "platform/toolkit/TableView.h"
 #include "platform/toolkit/TextField.h"
 #include "platform/toolkit/Window.h"
 #include "ratio_table.h"
-#include "records/record_ticket.h"
-#include "records/ticket_keys.h"
 #include "temporary_folder.h"
+#include "testing/record_settings.h"
 
 #include <benchmark/benchmark.h>
 
@@ -76,16 +74,6 @@ std::string exception_of(const std::string& pages, int color) {
     return "2," + pages + ",2,0," + std::to_string(color) + ",false,1,210.0,297.0,1";
 }
 
-platform::PrintSettings settings_with(const std::vector<std::string>& records) {
-    platform::PrintSettings settings;
-    settings.setValue(kNPIFCommandTicketCount, std::to_string(records.size()), false);
-    std::int32_t index = 0;
-    for (const std::string& record : records) {
-        settings.setValue(record_ticket_key(kNPIFCommandTicket, index++), record, false);
-    }
-    return settings;
-}
-
 /// Ranges of equal length whose neighbours differ in color.
 std::vector<std::string> exceptions_over(int pages) {
     std::vector<std::string> records;
@@ -107,7 +95,7 @@ struct Round {
 void go_round(benchmark::State& state, const Round& round) {
     Person person;
     host::PrintHost host(host::PpdFile(SPECIALPAGES_SOURCE_DIR "/examples/ppd/production.ppd"),
-                         settings_with(round.saved));
+                         test::record_settings(round.saved));
     if (!host.openPane(host::PaneModule(SPECIALPAGES_BUNDLE_DIR))) {
         state.SkipWithError("the bundle has no pane for this PPD");
         return;

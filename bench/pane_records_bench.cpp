@@ -6,9 +6,9 @@
 #include "host/PrintHost.h"
 #include "platform/print/PrintSettings.h"
 #include "ratio_table.h"
-#include "records/record_ticket.h"
 #include "records/ticket_keys.h"
 #include "temporary_folder.h"
+#include "testing/record_settings.h"
 
 #include <benchmark/benchmark.h>
 
@@ -22,19 +22,6 @@ namespace {
 
 constexpr int kShortList = 50;
 constexpr int kLongList = 500;
-
-/// A list in the order in which the pane keeps it: at each page an exception and then an insert.
-platform::PrintSettings settings_with(int records) {
-    platform::PrintSettings settings;
-    settings.setValue(kNPIFCommandTicketCount, std::to_string(records), false);
-    for (int index = 0; index < records; ++index) {
-        const std::string page = std::to_string(1 + index / 2);
-        const std::string text = index % 2 == 0 ? "2," + page + ",2,0,0,false,2,210.0,297.0,1"
-                                                : "1," + page + ",0,1,2,0,0,false,210.0,297.0,1";
-        settings.setValue(record_ticket_key(kNPIFCommandTicket, index), text, false);
-    }
-    return settings;
-}
 
 bool holds(const platform::PrintSettings& settings, std::string_view key, const std::string& text) {
     const platform::SettingsValue* value = settings.value(key);
@@ -51,7 +38,7 @@ bool was_saved(const platform::PrintSettings& settings, int records) {
 
 void restore_and_save(benchmark::State& state, int records) {
     host::PrintHost host(host::PpdFile(SPECIALPAGES_SOURCE_DIR "/examples/ppd/production.ppd"),
-                         settings_with(records));
+                         test::record_settings(test::records_by_turns(records)));
     if (!host.openPane(host::PaneModule(SPECIALPAGES_BUNDLE_DIR))) {
         state.SkipWithError("the bundle has no pane for this PPD");
         return;

@@ -5,16 +5,14 @@
 #include "host/PpdFile.h"
 #include "host/PrintHost.h"
 #include "platform/foundation/Bundle.h"
-#include "platform/print/PrintSettings.h"
 #include "platform/toolkit/TableView.h"
 #include "plugin/SpecialPagesPDEPluginnvbir15.h"
 #include "plugin/SpecialPagesPDEnvbir15.h"
 #include "ratio_table.h"
 #include "records/SPSummaryScrollViewCtrl.h"
 #include "records/pane_tags.h"
-#include "records/record_ticket.h"
-#include "records/ticket_keys.h"
 #include "temporary_folder.h"
+#include "testing/record_settings.h"
 
 #include <benchmark/benchmark.h>
 
@@ -31,20 +29,6 @@ constexpr std::size_t kShortList = 50;
 constexpr std::size_t kLongList = 500;
 constexpr double kGoal = 12;
 
-/// A list in the order in which the pane keeps it: at each page an exception and then an insert.
-platform::PrintSettings settings_with(std::size_t records) {
-    platform::PrintSettings settings;
-    settings.setValue(kNPIFCommandTicketCount, std::to_string(records), false);
-    for (std::size_t index = 0; index < records; ++index) {
-        const std::string page = std::to_string(1 + index / 2);
-        const std::string text = index % 2 == 0 ? "2," + page + ",2,0,0,false,2,210.0,297.0,1"
-                                                : "1," + page + ",0,1,2,0,0,false,210.0,297.0,1";
-        settings.setValue(record_ticket_key(kNPIFCommandTicket, static_cast<std::int32_t>(index)), text,
-                          false);
-    }
-    return settings;
-}
-
 host::PaneModule linked_module() {
     auto bundle = platform::Bundle::load(SPECIALPAGES_BUNDLE_DIR);
     if (bundle == nullptr) {
@@ -55,7 +39,7 @@ host::PaneModule linked_module() {
 
 void refresh(benchmark::State& state, std::size_t records, bool marked) {
     host::PrintHost host(host::PpdFile(SPECIALPAGES_SOURCE_DIR "/examples/ppd/production.ppd"),
-                         settings_with(records));
+                         test::record_settings(test::records_by_turns(static_cast<int>(records))));
     if (!host.openPane(linked_module())) {
         state.SkipWithError("the bundle has no pane for this PPD");
         return;

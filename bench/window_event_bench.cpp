@@ -4,7 +4,6 @@
 // work; it has to fit into one frame.
 #include "host/PaneModule.h"
 #include "painted_widgets.h"
-#include "platform/print/PrintSettings.h"
 #include "platform/toolkit/Application.h"
 #include "qt/PopUpWidget.h"
 #include "qt/PrinterPane.h"
@@ -13,6 +12,7 @@
 #include "qt/events.h"
 #include "ratio_table.h"
 #include "temporary_folder.h"
+#include "testing/record_settings.h"
 
 #include <benchmark/benchmark.h>
 
@@ -48,25 +48,6 @@ constexpr double kFrame = 0.016;
 /// The colors in the paper menu of the inserts window, and where they begin behind "no change".
 constexpr qsizetype kColors = 3;
 constexpr qsizetype kFirstColor = 1;
-
-/// A list in the order in which the pane keeps it. Of four records two are exceptions, and two are inserts
-/// after the same page, which may change places.
-platform::PrintSettings settings_with(int records) {
-    const std::string prefix = "com.norvalen.nb.rtz.printsettings.NPIFCommandTicket";
-    platform::PrintSettings settings;
-    settings.setValue(prefix + "Count", std::to_string(records), false);
-    for (int i = 0; i < records; ++i) {
-        const int place = i % 4;
-        const std::string page = std::to_string(2 * (i / 4) + (place == 3 ? 2 : 1));
-        const std::string sheets = std::to_string(place);
-        settings.setValue(prefix + "_" + std::to_string(i),
-                          place == 0 || place == 3
-                              ? "2," + page + ",2,0,0,false,2,210.0,297.0,1"
-                              : "1," + page + ",0," + sheets + ",2,1,0,false,210.0,297.0,1",
-                          false);
-    }
-    return settings;
-}
 
 double processor_time() {
     timespec time{};
@@ -113,7 +94,7 @@ class PaneWindow {
     explicit PaneWindow(int records) {
         qt::PrinterPaneOptions options;
         options.ppd = kPpd;
-        options.settings = settings_with(records);
+        options.settings = test::record_settings(test::records_to_move(records));
         pane_ = qt::PrinterPane::open(options, face);
         if (pane_ == nullptr || pane_->glance() == nullptr) {
             throw std::runtime_error("the bundle has no pane for this PPD");

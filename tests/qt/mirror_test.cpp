@@ -12,6 +12,7 @@
 #include "qt/TableWidget.h"
 #include "qt/qt_fixture.h"
 #include "qt/text.h"
+#include "testing/record_settings.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -54,22 +55,10 @@ class MirrorTest : public QtPaneTest {
         pane_->widget().mirror().setTouchObserver(nullptr);
         return touched;
     }
-
-    /// Adds that many insert records, by the settings of a job.
-    static platform::PrintSettings job(int records) {
-        const std::string prefix = "com.norvalen.nb.rtz.printsettings.NPIFCommandTicket";
-        platform::PrintSettings settings;
-        settings.setValue(prefix + "Count", std::to_string(records), false);
-        for (int i = 0; i < records; ++i) {
-            settings.setValue(prefix + "_" + std::to_string(i),
-                              "1," + std::to_string(i + 1) + ",0,1,2,1,0,false,210.0,297.0,1", false);
-        }
-        return settings;
-    }
 };
 
 TEST_F(MirrorTest, ChoosingAPaperWithFiveHundredRecordsTouchesOnlyWhatChanged) {
-    open(job(500));
+    open(test::record_settings(test::records_to_move(500)));
     auto& table = widget<TableWidget>("SPSummaryInfoTableView");
     ASSERT_EQ(table.model()->rowCount(), 500);
     drive({R"({"do":"selectRows","tag":104,"rows":[250]})"});

@@ -3,6 +3,7 @@
 #include "platform/toolkit/PopUpButton.h"
 #include "qt/TableWidget.h"
 #include "qt/qt_fixture.h"
+#include "testing/record_settings.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -78,25 +79,8 @@ struct Touched {
 
 class TouchedWidgets : public QtPaneTest {
   protected:
-    /// Of four records the first and the last are exceptions, between them two inserts after the same page.
-    static platform::PrintSettings job(int records) {
-        const std::string prefix = "com.norvalen.nb.rtz.printsettings.NPIFCommandTicket";
-        platform::PrintSettings settings;
-        settings.setValue(prefix + "Count", std::to_string(records), false);
-        for (int i = 0; i < records; ++i) {
-            const int place = i % 4;
-            const std::string page = std::to_string(2 * (i / 4) + (place == 3 ? 2 : 1));
-            settings.setValue(prefix + "_" + std::to_string(i),
-                              place == 0 || place == 3 ? "2," + page + ",2,0,0,false,2,210.0,297.0,1"
-                                                       : "1," + page + ",0," + std::to_string(place) +
-                                                             ",2,1,0,false,210.0,297.0,1",
-                              false);
-        }
-        return settings;
-    }
-
     void SetUp() override {
-        open(job(500));
+        open(test::record_settings(test::records_to_move(500)));
         ASSERT_EQ(table().model()->rowCount(), 500);
         until_idle();
     }
