@@ -4,6 +4,7 @@
 #include "platform/toolkit/Application.h"
 #include "qt/dialog_options.h"
 #include "qt/text.h"
+#include "qt/window_place.h"
 
 #include <QAbstractButton>
 #include <QComboBox>
@@ -13,7 +14,6 @@
 #include <QPrinter>
 #include <QScreen>
 #include <QTabWidget>
-#include <algorithm>
 #include <utility>
 
 namespace specialpages::qt {
@@ -164,14 +164,8 @@ void PrintDialog::expand() {
 }
 
 void PrintDialog::fitOnScreen(QPoint middle) {
-    const QRect room = screen()->availableGeometry().marginsRemoved(kFrame);
-    resize(size().expandedTo(kComfortable).boundedTo(room.size()).expandedTo(minimumSizeHint()));
-    QRect place(QPoint(), size());
-    place.moveCenter(middle);
-    // The upper left corner counts most, since a window may have to be larger than a small screen.
-    place.moveBottomRight({std::min(place.right(), room.right()), std::min(place.bottom(), room.bottom())});
-    place.moveTopLeft({std::max(place.left(), room.left()), std::max(place.top(), room.top())});
-    setGeometry(place);
+    setGeometry(window_place({size(), kComfortable, minimumSizeHint()}, middle,
+                             screen()->availableGeometry().marginsRemoved(kFrame)));
 }
 
 void PrintDialog::setPrintHandler(std::function<void(const PrintRequest&)> handler) {
