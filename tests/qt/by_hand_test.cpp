@@ -25,6 +25,10 @@ constexpr int kColor = 3;
 constexpr int kType = 4;
 constexpr int kAdvanced = 6;
 constexpr int kBlue = 2;
+constexpr int kThick = 9;
+constexpr int kDifferentCovers = 4;
+constexpr int kPrintedOnSideOne = 1;
+constexpr int kOwnMargin = 3;
 constexpr int kCustomSize = 34;
 constexpr int kTabStock = 37;
 
@@ -238,6 +242,28 @@ TEST_F(ByHand, TheCustomSizeByTheKeyboardAlone) {
     EXPECT_THAT(rows(), ElementsAre("4 | Insert | 1 sheet(s); 200.5 x 300.0 mm, White, Plain"));
 }
 
+TEST_F(ByHand, TheCustomSizeInInchesByTheKeyboardAlone) {
+    open();
+    inDialogs({[&](QWidget& dialog) {
+                   alt("spInstPageNumTitle");
+                   typeText(dialog, "4");
+                   alt("spInstPaperViewTitle");
+                   pickByKeys(dialog, {kSize, kCustomSize});
+                   press_key(dialog, Qt::Key_Return);
+               },
+               [&](QWidget& dialog) {
+                   alt("spCustomSizeInchesRadioButton");
+                   alt("spCustomSizeWidthInchStaticText");
+                   typeText(dialog, "8.50");
+                   alt("spCustomSizeLengthInchStaticText");
+                   typeText(dialog, "11");
+                   press_key(dialog, Qt::Key_Return);
+               }});
+    alt("SPAddInsertsButton");
+    finish();
+    EXPECT_THAT(rows(), ElementsAre("4 | Insert | 1 sheet(s); 8.50 x 11.00 in., White, Plain"));
+}
+
 TEST_F(ByHand, TabStockByTheKeyboardAlone) {
     open();
     inDialogs({[&](QWidget& dialog) {
@@ -311,6 +337,21 @@ TEST_F(ByHand, CoversByTheMouseAlone) {
     EXPECT_THAT(rows(), ElementsAre("Front | Cover | Blank or preprinted; A4, Blue, Plain"));
 }
 
+TEST_F(ByHand, DifferentCoversByTheMouseAlone) {
+    open();
+    inDialogs({[&](QWidget&) {
+        pickByMouse(widget<PopUpWidget>("spCoversOptionsList"), {kDifferentCovers});
+        pickByMouse(widget<PopUpWidget>("spCoversFrontPrintingOptionList"), {kPrintedOnSideOne});
+        pickByMouse(widget<PopUpWidget>("spCoversFrontCoverPageList"), {kType, kThick});
+        pickByMouse(widget<PopUpWidget>("spCoversBackCoverPageList"), {kColor, kBlue});
+        clickOn("spCoversOKButton");
+    }});
+    clickOn("SPAddCoversButton");
+    finish();
+    EXPECT_THAT(rows(), ElementsAre("Front | Cover | Print on side 1; A4, White, Thick 1",
+                                    "Back | Cover | Blank or preprinted; A4, Blue, Plain"));
+}
+
 TEST_F(ByHand, InsertsByTheMouseWithTypedPages) {
     open();
     inDialogs({[&](QWidget& dialog) {
@@ -351,6 +392,12 @@ TEST_F(ByHand, TheWindowsOfAPaperByTheMouseAlone) {
              stepUp(widget<StepperWidget>("spCustomSizeWidthMMLittleArrow"), 1);
              clickOn("spCustomSizeOKButton");
          }},
+        {{kSize, kCustomSize},
+         [&](QWidget&) {
+             clickOn("spCustomSizeInchesRadioButton");
+             stepUp(widget<StepperWidget>("spCustomSizeLengthInchLittleArrow"), 1);
+             clickOn("spCustomSizeOKButton");
+         }},
         {{kType, kTabStock},
          [&](QWidget&) {
              stepUp(widget<StepperWidget>("spNumInSequenceSubLittleArrow"), 1);
@@ -371,19 +418,43 @@ TEST_F(ByHand, TheWindowsOfAPaperByTheMouseAlone) {
     }
     EXPECT_THAT(rows(), ElementsAre("4 | Insert | 1 sheet(s); A4, Blue, Plain",
                                     "4 | Insert | 1 sheet(s); 210.1 x 297.0 mm, White, Plain",
+                                    "4 | Insert | 1 sheet(s); 8.27 x 11.70 in., White, Plain",
                                     "4 | Insert | 1 sheet(s); A4, White, Tab Stock 1"));
     inDialogs({[&](QWidget&) {
         clickOn("spWarningCancelButton");
     }});
     clickOn("SPDeleteAllButton");
     finish();
-    EXPECT_EQ(rows().size(), 3U);
+    EXPECT_EQ(rows().size(), 4U);
     inDialogs({[&](QWidget&) {
         clickOn("spWarningOKButton");
     }});
     clickOn("SPDeleteAllButton");
     finish();
     EXPECT_THAT(rows(), ElementsAre());
+}
+
+TEST_F(ByHand, TheTabsOfAnExceptionByTheMouseAlone) {
+    open();
+    inDialogs({[&](QWidget& dialog) {
+                   clickOn("spExceptionsPageEdit");
+                   typeText(dialog, "9");
+                   pickByMouse(widget<PopUpWidget>("spExceptionsPaperList"), {kType, kTabStock});
+                   clickOn("spExceptionsOKButton");
+               },
+               [&](QWidget& dialog) {
+                   EXPECT_EQ(dialog.objectName(), "spTabStockWindow");
+                   stepUp(widget<StepperWidget>("spNumInSequenceLittleArrow"), 2);
+                   EXPECT_EQ(widget<FieldWidget>("spNumInSequenceEditText").text(), "5");
+                   pickByMouse(widget<PopUpWidget>("spTabMarginListCtrl"), {kOwnMargin});
+                   clickOn("spTabMarginInchesRadioButton");
+                   stepUp(widget<StepperWidget>("spTabMarginInchesLittleArrow"), 1);
+                   EXPECT_EQ(widget<FieldWidget>("spTabMarginInchesEditText").text(), "0.51");
+                   clickOn("spTabMarginOKButton");
+               }});
+    clickOn("SPAddExceptionsButton");
+    finish();
+    EXPECT_THAT(rows(), ElementsAre("9 | Exception | 1-sided; A4, White, Tab Stock 1"));
 }
 
 } // namespace
