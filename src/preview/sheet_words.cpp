@@ -155,8 +155,8 @@ std::string record_sentence(const SpecialPageRecord& record, const SheetPaper& p
     // strip's.
     const Document document{std::nullopt, job};
     const SheetSequence alone = sheet_sequence({record}, document);
-    for (const SheetNote& note : alone.notes) {
-        return note_sentence(note, record, document, bundle);
+    if (!alone.notes.empty()) {
+        return note_sentence(alone.notes.front(), record, document, bundle);
     }
     for (const SheetRun& run : alone.runs) {
         if (run.row && run.kind == SheetKind::exception) {

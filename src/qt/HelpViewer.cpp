@@ -22,7 +22,8 @@ namespace {
 constexpr int kColumns = 72;
 constexpr int kLines = 28;
 
-/// As the guidelines for readable text weigh colors against each other: 1 (none) to 21.
+/// The contrast ratio of the Web Content Accessibility Guidelines (WCAG 2.1, "contrast ratio" and "relative
+/// luminance"): 1 (none) to 21.
 double contrast(const QColor& one, const QColor& other) {
     const auto linear = [](double part) {
         return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
@@ -38,7 +39,7 @@ double contrast(const QColor& one, const QColor& other) {
 /// The palette's color of links; that of text, links being underlined, where it cannot be read on the page,
 /// as in dark palettes that leave links as they are.
 QColor link_color(const QPalette& palette) {
-    constexpr double kReadable = 4.5;
+    constexpr double kReadable = 4.5; // the least for text of that size (WCAG 2.1, 1.4.3)
     const QColor link = palette.color(QPalette::Link);
     return contrast(link, palette.color(QPalette::Base)) < kReadable ? palette.color(QPalette::Text) : link;
 }

@@ -26,7 +26,8 @@ void close_menus(QMenu& menu) {
     top->close();
 }
 
-/// One item of a menu.
+/// One item of a menu. As of every such description, nothing but isValid() may be asked once the item is
+/// gone.
 class ItemAccessible : public QAccessibleInterface, public QAccessibleActionInterface {
   public:
     ItemAccessible(QMenu& menu, QAction& action) : menu_(&menu), action_(&action) {}
@@ -102,7 +103,9 @@ class ItemAccessible : public QAccessibleInterface, public QAccessibleActionInte
         }
         if (name == pressAction()) {
             action_->trigger();
-            close_menus(*menu_);
+            if (menu_ != nullptr) { // which what the item does may have ended
+                close_menus(*menu_);
+            }
         } else if (name == showMenuAction() && action_->menu() != nullptr && menu_->isVisible()) {
             // As with the keyboard; later, since a reader's call is not to wait for what it shows.
             menu_->setActiveAction(action_);
