@@ -42,13 +42,16 @@ void Mirror::bind(platform::View& view) {
     QWidget* const top = nib_.find(view.name());
     QWidget& scope = top == nullptr ? nib_.root() : *top;
     bindBelow(view, scope);
-    giveLetters(scope);
+    level_buttons(scope);
+    if (scope.isWindow()) { // the pane has its letters when it is shown, beside those around it
+        giveLetters(scope);
+    }
 }
 
 void Mirror::bindBelow(platform::View& view, QWidget& scope) {
     QWidget* const widget = view.name().empty() ? nullptr : nib_.find(view.name());
     if (widget == nullptr && !view.name().empty()) {
-        throw host::HostError(host::ErrorCode::other, view.nibFile().string(),
+        throw host::HostError(host::ErrorCode::other, nib_.file(),
                               "expected a widget for the view \"" + view.name() + "\"");
     }
     if (widget != nullptr && !bindings_.contains(&view)) {
@@ -76,12 +79,12 @@ void Mirror::changed(platform::View& view, QWidget& touched, platform::ViewChang
         touched_(touched, change);
     }
     if ((says && takes_letter(touched)) || change == platform::ViewChange::hidden) {
+        level_buttons(scope);
         giveLetters(scope);
     }
 }
 
 void Mirror::giveLetters(QWidget& scope) {
-    level_buttons(scope);
     for (QWidget* const widget : give_mnemonics(scope)) {
         if (touched_) {
             touched_(*widget, platform::ViewChange::title);

@@ -1,7 +1,6 @@
 #include "qt/NibWidgets.h"
 
 #include "host/HostError.h"
-#include "platform/foundation/atomic_file.h"
 #include "qt/DialogWidget.h"
 #include "qt/FieldWidget.h"
 #include "qt/IconWidget.h"
@@ -21,8 +20,10 @@
 #include <QPlainTextEdit>
 #include <QRadioButton>
 #include <QUiLoader>
+#include <algorithm>
 #include <set>
 #include <sstream>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -37,12 +38,13 @@ namespace {
     throw host::HostError(host::ErrorCode::other, file, what);
 }
 
-/// The element and all below it.
-template <class Function>
-void for_each_element(const NibElement& element, const Function& function) {
-    function(element);
+/// Adds the element and all below it, those that have names.
+void add_named(const NibElement& element, NibWidgets::Elements& all) {
+    if (!element.name.empty()) {
+        all.push_back(&element);
+    }
     for (const NibElement& child : element.children) {
-        for_each_element(child, function);
+        add_named(child, all);
     }
 }
 
@@ -62,13 +64,11 @@ class NoPlugins {
 /// Makes a widget by its view's kind where Qt's own class would keep state or behave in ways of its own.
 class Loader : public QUiLoader {
   public:
-    explicit Loader(const NibElement& element, const NoPlugins& /*whileItIsMade*/ = NoPlugins()) {
+    explicit Loader(const NibWidgets::Elements& elements, const NoPlugins& /*whileItIsMade*/ = NoPlugins()) {
         setLanguageChangeEnabled(false);
-        for_each_element(element, [this](const NibElement& each) {
-            if (!each.name.empty()) {
-                kinds_.emplace(shown_text(each.name), each.kind);
-            }
-        });
+        for (const NibElement* const element : elements) {
+            kinds_.emplace(shown_text(element->name), element->kind);
+        }
     }
 
     /// Whether widgets of that kind are of Qt's own classes.
@@ -148,10 +148,19 @@ bool shows(QWidget* widget, ViewKind kind) {
     return false;
 }
 
-bool read(const std::string& xml, pugi::xml_document& document) {
-    return static_cast<bool>(
-        document.load_buffer(xml.data(), xml.size(), pugi::parse_default | pugi::parse_ws_pcdata));
-}
+/// The widgets after which others are named.
+class NameSources : public pugi::xml_tree_walker {
+  public:
+    bool for_each(pugi::xml_node& node) override {
+        constexpr std::string_view kProperty = "nameFrom";
+        if (node.attribute("name").value() == kProperty) {
+            names.emplace_back(node.child("string").text().get());
+        }
+        return true;
+    }
+
+    std::vector<std::string> names;
+};
 
 /// The top-level window of the name below the root; null for any other place.
 pugi::xml_node window_node(const pugi::xml_node& ui, const std::string& name) {
@@ -160,7 +169,7 @@ pugi::xml_node window_node(const pugi::xml_node& ui, const std::string& name) {
 
 std::string text_of(const pugi::xml_document& document) {
     std::ostringstream source;
-    document.save(source, "", pugi::format_raw);
+    document.save(source, "", pugi::format_raw | pugi::format_no_declaration);
     return source.str();
 }
 
@@ -173,106 +182,125 @@ std::string source_of(const pugi::xml_node& widget) {
     return text_of(document);
 }
 
-} // namespace
-
-NibWidgets::NibWidgets(const std::filesystem::path& file, QWidget& parent) : file_(file.string()) {
-    std::string error;
-    auto xml = platform::read_file(file, &error, platform::kMaxNibBytes);
-    if (!xml) {
-        refuse(file_, "expected a nib: " + error);
+pugi::xml_node append_without_children(pugi::xml_node to, const pugi::xml_node& from) {
+    pugi::xml_node copy = to.append_child(from.name());
+    for (const pugi::xml_attribute& attribute : from.attributes()) {
+        copy.append_copy(attribute);
     }
-    xml_ = std::move(*xml);
-    load(parent);
+    return copy;
 }
 
-void NibWidgets::load(QWidget& parent) {
-    std::string error;
-    auto nib = platform::parse_nib(xml_, &error);
+/// The source without these windows, and without its tab stops: the loader would complain about the first one
+/// of each window, since it orders them all in one chain.
+std::string source_without(const NibWidgets::Elements& windows, const pugi::xml_node& ui) {
     pugi::xml_document document;
-    if (!nib || !read(xml_, document)) {
-        refuse(file_, "expected a nib: " + error);
+    pugi::xml_node rest = append_without_children(document, ui);
+    for (const pugi::xml_node& part : ui.children()) {
+        const std::string_view name = part.name();
+        if (name == "widget") {
+            pugi::xml_node root = append_without_children(rest, part);
+            for (const pugi::xml_node& child : part.children()) {
+                const bool isWindow =
+                    std::any_of(windows.begin(), windows.end(), [&](const NibElement* window) {
+                        return child == window_node(ui, window->name);
+                    });
+                if (!isWindow) {
+                    root.append_copy(child);
+                }
+            }
+        } else if (name != "tabstops") {
+            rest.append_copy(part);
+        }
     }
-    pugi::xml_node ui = document.child("ui");
-    checkNames(*nib, ui);
-    // The loader would complain about each window's first tab stop: it orders them all in one chain.
+    return text_of(document);
+}
+
+} // namespace
+
+NibWidgets::NibWidgets(std::shared_ptr<const platform::NibSource> nib, QWidget& parent)
+    : nib_(std::move(nib)), file_(nib_->file.string()) {
+    const pugi::xml_node ui = nib_->xml->child("ui");
+    checkNames();
     for (const pugi::xml_node& stop : ui.child("tabstops").children("tabstop")) {
         tabStops_.emplace_back(stop.text().get());
     }
-    ui.remove_child("tabstops");
-    std::vector<NibElement> windows;
-    std::erase_if(nib->children, [&](NibElement& child) {
-        const bool putOff = child.kind == ViewKind::window && !child.name.empty() &&
-                            ui.child("widget").remove_child(window_node(ui, child.name));
-        if (putOff) {
-            windows.push_back(std::move(child));
+    Elements windows;
+    Elements others;
+    if (!nib_->root.name.empty()) {
+        others.push_back(&nib_->root);
+    }
+    for (const NibElement& child : nib_->root.children) {
+        if (child.kind == ViewKind::window && window_node(ui, child.name)) {
+            windows.push_back(&child);
+        } else {
+            add_named(child, others);
         }
-        return putOff;
-    });
-    root_ = make(text_of(document), *nib, parent);
+    }
+    root_ = make(source_without(windows, ui), others, parent);
     orderTabStops(*root_);
-    putOff(std::move(windows), *nib);
+    putOff(windows, others);
 }
 
-void NibWidgets::checkNames(const NibElement& nib, const pugi::xml_node& ui) const {
-    std::set<std::string> names;
-    for_each_element(nib, [&](const NibElement& element) { names.insert(element.name); });
+void NibWidgets::checkNames() const {
+    Elements all;
+    add_named(nib_->root, all);
+    std::set<std::string_view> names;
+    for (const NibElement* const element : all) {
+        names.insert(element->name);
+    }
+    const pugi::xml_node ui = nib_->xml->child("ui");
     for (const pugi::xml_node& stop : ui.child("tabstops").children("tabstop")) {
         const std::string name = stop.text().get();
         if (!names.contains(name)) {
             refuse(file_, "expected a widget \"" + name + "\" for the tab stop of that name");
         }
     }
-    for (const pugi::xpath_node& label : ui.select_nodes("//property[@name='nameFrom']/string")) {
-        const std::string name = label.node().text().get();
+    NameSources sources;
+    ui.child("widget").traverse(sources);
+    for (const std::string& name : sources.names) {
         if (!name.empty() && !names.contains(name)) {
             refuse(file_, "expected a widget \"" + name + "\", after which others are named");
         }
     }
 }
 
-void NibWidgets::putOff(std::vector<NibElement> windows, const NibElement& made) {
-    std::set<std::pair<std::string, ViewKind>> tried;
-    for_each_element(made, [&](const NibElement& element) {
-        if (!element.name.empty()) {
-            tried.emplace(element.className, element.kind);
-        }
-    });
-    for (NibElement& each : windows) {
-        const auto window = std::make_shared<const NibElement>(std::move(each));
-        Loader samples(*window);
-        for_each_element(*window, [&](const NibElement& element) {
-            if (element.name.empty()) {
-                return;
-            }
-            unmade_.emplace(element.name, window);
+void NibWidgets::putOff(const Elements& windows, const Elements& made) {
+    std::set<std::pair<std::string_view, ViewKind>> tried;
+    for (const NibElement* const element : made) {
+        tried.emplace(element->className, element->kind);
+    }
+    Loader samples({});
+    for (const NibElement* const window : windows) {
+        Elements below;
+        add_named(*window, below);
+        for (const NibElement* const element : below) {
+            unmade_.emplace(element->name, window);
             // One of each class for each kind is tried, so that a nib with a wrong one is refused now.
-            if (Loader::isOfQt(element.kind) && tried.emplace(element.className, element.kind).second) {
+            if (Loader::isOfQt(element->kind) && tried.emplace(element->className, element->kind).second) {
                 const std::unique_ptr<QWidget> sample(
-                    samples.createWidget(shown_text(element.className), nullptr, shown_text(element.name)));
-                checkKind(element, sample.get());
+                    samples.createWidget(shown_text(element->className), nullptr, shown_text(element->name)));
+                checkKind(*element, sample.get());
             }
-        });
+        }
     }
 }
 
-QWidget* NibWidgets::make(const std::string& source, const NibElement& element, QWidget& parent) const {
+QWidget* NibWidgets::make(const std::string& source, const Elements& elements, QWidget& parent) const {
     QByteArray bytes = QByteArray::fromStdString(source);
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::ReadOnly);
-    Loader loader(element);
+    Loader loader(elements);
     std::unique_ptr<QWidget> top(loader.load(&buffer, &parent));
     if (top == nullptr) {
         refuse(file_, "expected widgets: " + model_text(loader.errorString()));
     }
     std::map<std::string, QWidget*> made;
-    for_each_element(element, [&](const NibElement& each) {
-        if (!each.name.empty()) {
-            const QString name = shown_text(each.name);
-            QWidget* const widget = top->objectName() == name ? top.get() : top->findChild<QWidget*>(name);
-            checkKind(each, widget);
-            made[each.name] = widget;
-        }
-    });
+    for (const NibElement* const element : elements) {
+        const QString name = shown_text(element->name);
+        QWidget* const widget = top->objectName() == name ? top.get() : top->findChild<QWidget*>(name);
+        checkKind(*element, widget);
+        made[element->name] = widget;
+    }
     for (const auto& [name, widget] : made) {
         widgets_[name] = widget;
         if (qobject_cast<QAbstractButton*>(widget) != nullptr || qobject_cast<QLabel*>(widget) != nullptr) {
@@ -312,11 +340,11 @@ void NibWidgets::orderTabStops(const QWidget& window) const {
 
 QWidget* NibWidgets::find(const std::string& name) const {
     if (const auto unmade = unmade_.find(name); unmade != unmade_.end()) {
-        const auto window = unmade->second;
-        pugi::xml_document document;
-        read(xml_, document);
+        const NibElement* const window = unmade->second;
+        Elements elements;
+        add_named(*window, elements);
         QWidget* const made =
-            make(source_of(window_node(document.child("ui"), window->name)), *window, *root_);
+            make(source_of(window_node(nib_->xml->child("ui"), window->name)), elements, *root_);
         std::erase_if(unmade_, [&](const auto& entry) { return entry.second == window; });
         orderTabStops(*made);
     }

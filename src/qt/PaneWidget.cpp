@@ -23,7 +23,7 @@ namespace {
 
 platform::View& view_of(host::PrintHost& host) {
     platform::View* const view = host.panel() == nullptr ? nullptr : host.panel()->panelView();
-    if (view == nullptr || view->nibFile().empty()) {
+    if (view == nullptr || view->nib() == nullptr) {
         throw host::HostError(host::ErrorCode::other, host.ppd().name(),
                               "expected a pane with a view from a nib for this printer");
     }
@@ -58,12 +58,12 @@ void add_key(QAbstractButton& button, const QString& key, QWidget& place, Qt::Sh
 } // namespace
 
 PaneWidget::PaneWidget(host::PrintHost& host, QtFace& face, QWidget* parent)
-    : QWidget(parent), host_(host), face_(face), nib_(view_of(host).nibFile(), *this), mirror_(nib_) {
+    : QWidget(parent), host_(host), face_(face), nib_(view_of(host).nib(), *this), mirror_(nib_) {
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(&nib_.root());
     setWindowTitle(shown_text(host.panel()->panelName()));
-    translate_names(*this, *host.module().bundle(), view_of(host).nibFile());
+    translate_names(*this, *host.module().bundle(), view_of(host).nib()->file);
     mirror_.bind(view_of(host));
     mirror_.followFocus(host.window());
     makeKeys();

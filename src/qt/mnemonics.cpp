@@ -94,7 +94,12 @@ Choices letters_of(const QString& text, const std::set<QString>& shared = {}) {
 
 /// Whether the letter is added to the text rather than found in it.
 bool takes_added_letter(const LabelText& label) {
-    return letters_of(label.text).all.empty() && has_letter(label.text);
+    for (qsizetype i = 0; i < label.text.size(); ++i) {
+        if (may_be_marked(label.text, i)) {
+            return false;
+        }
+    }
+    return has_letter(label.text);
 }
 
 /// The words that stand in more than one of the texts ("Move" of "Move Up" and "Move Down").

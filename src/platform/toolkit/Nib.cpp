@@ -191,13 +191,12 @@ std::unique_ptr<Nib> Nib::instantiate(const NibElement& root, NibOwner& owner, s
 
 std::unique_ptr<Nib> Nib::loadNibFile(const std::filesystem::path& file, NibOwner& owner,
                                       std::string* error) {
-    const auto xml = read_file(file, error, kMaxNibBytes);
-    if (!xml) {
+    const auto source = read_nib(file, error);
+    if (source == nullptr) {
         return nullptr;
     }
     std::string why;
-    const auto root = parse_nib(*xml, &why);
-    auto nib = root ? instantiate(*root, owner, &why) : nullptr;
+    auto nib = instantiate(source->root, owner, &why);
     if (nib == nullptr) {
         if (error != nullptr) {
             *error = file.string() + ": " + why;
@@ -205,7 +204,7 @@ std::unique_ptr<Nib> Nib::loadNibFile(const std::filesystem::path& file, NibOwne
         return nullptr;
     }
     for (const std::shared_ptr<View>& view : nib->views_) {
-        view->setNibFile(file);
+        view->setNib(source);
     }
     return nib;
 }

@@ -28,6 +28,10 @@
 #include <string_view>
 #include <vector>
 
+namespace pugi {
+class xml_document;
+}
+
 namespace specialpages::platform {
 
 /// An object that a nib instantiates besides its views: a control or a window's controller.
@@ -73,6 +77,18 @@ inline constexpr std::size_t kMaxNibBytes = std::size_t{8} * 1024 * 1024;
 SPECIALPAGES_PLATFORM_API std::optional<NibElement> parse_nib(std::string_view xml,
                                                               std::string* error = nullptr);
 
+/// A nib's file as it was read, for whoever shows the same nib (View::nib).
+struct NibSource {
+    std::filesystem::path file;
+    NibElement root;
+    std::shared_ptr<const pugi::xml_document> xml; ///< what `root` was read from; never null
+};
+
+/// Reads the file, at most kMaxNibBytes. On failure the answer is null and `error`, when given, says why and
+/// names the file.
+SPECIALPAGES_PLATFORM_API std::shared_ptr<const NibSource> read_nib(const std::filesystem::path& file,
+                                                                    std::string* error = nullptr);
+
 /// The views and objects that one loading made; it owns the top-level views and all objects. Objects end
 /// before views.
 class SPECIALPAGES_PLATFORM_API Nib {
@@ -84,7 +100,7 @@ class SPECIALPAGES_PLATFORM_API Nib {
     /// `error`, when given, says why; the owner then holds outlets whose views are gone.
     static std::unique_ptr<Nib> instantiate(const NibElement& root, NibOwner& owner,
                                             std::string* error = nullptr);
-    /// Reads the file, at most kMaxNibBytes, and instantiates it; its top-level views then know the file. The
+    /// Reads the file as read_nib does and instantiates it; its top-level views then know what was read. The
     /// error names the file.
     static std::unique_ptr<Nib> loadNibFile(const std::filesystem::path& file, NibOwner& owner,
                                             std::string* error = nullptr);

@@ -10,8 +10,8 @@ View::~View() {
     }
 }
 
-const std::filesystem::path& View::nibFile() const {
-    return nibFile_.empty() && superview_ != nullptr ? superview_->nibFile() : nibFile_;
+const std::shared_ptr<const NibSource>& View::nib() const {
+    return nib_ == nullptr && superview_ != nullptr ? superview_->nib() : nib_;
 }
 
 void View::setTag(std::int32_t tag) {

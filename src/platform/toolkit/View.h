@@ -6,7 +6,6 @@
 #include "platform/export.h"
 
 #include <cstdint>
-#include <filesystem>
 #include <functional>
 #include <memory>
 #include <string>
@@ -15,6 +14,7 @@
 
 namespace specialpages::platform {
 
+struct NibSource;
 class Window;
 
 enum class ViewKind {
@@ -66,10 +66,10 @@ class SPECIALPAGES_PLATFORM_API View {
     /// The name that the nib gives it; empty for a view made in code.
     const std::string& name() const { return name_; }
     void setName(std::string name) { name_ = std::move(name); }
-    /// The nib file that the view or its nearest superview was loaded from, so that a face can draw it from
-    /// the same description; empty when there is none.
-    const std::filesystem::path& nibFile() const;
-    void setNibFile(std::filesystem::path file) { nibFile_ = std::move(file); }
+    /// The nib that the view or its nearest superview was loaded from, so that a face can draw it from the
+    /// same description; null when there is none.
+    const std::shared_ptr<const NibSource>& nib() const;
+    void setNib(std::shared_ptr<const NibSource> nib) { nib_ = std::move(nib); }
 
     /// 0 when none was set.
     std::int32_t tag() const { return tag_; }
@@ -121,7 +121,7 @@ class SPECIALPAGES_PLATFORM_API View {
   private:
     ViewKind kind_;
     std::string name_;
-    std::filesystem::path nibFile_;
+    std::shared_ptr<const NibSource> nib_;
     std::int32_t tag_ = 0;
     bool enabled_ = true;
     bool hidden_ = false;

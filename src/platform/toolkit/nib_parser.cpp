@@ -1,3 +1,4 @@
+#include "platform/foundation/atomic_file.h"
 #include "platform/foundation/text.h"
 #include "platform/toolkit/Nib.h"
 
@@ -103,7 +104,7 @@ struct Place {
 class Reader {
   public:
     explicit Reader(std::string_view xml) : xml_(xml) {}
-    bool readDocument(NibElement& root);
+    bool readDocument(pugi::xml_document& document, NibElement& root);
     const std::string& error() const { return error_; }
 
   private:
@@ -138,7 +139,7 @@ bool Reader::fail(const pugi::xml_node& node, const std::string& what) {
     return fail(node.offset_debug(), path_.empty() ? what : path_ + ": " + what);
 }
 
-bool Reader::readDocument(NibElement& root) {
+bool Reader::readDocument(pugi::xml_document& document, NibElement& root) {
     if (xml_.size() > kMaxNibBytes) {
         error_ = "more than " + std::to_string(kMaxNibBytes) + " bytes";
         return false;
@@ -151,7 +152,6 @@ bool Reader::readDocument(NibElement& root) {
         error_ = "not UTF-8";
         return false;
     }
-    pugi::xml_document document;
     const auto result = document.load_buffer(
         xml_.data(), xml_.size(), pugi::parse_default | pugi::parse_ws_pcdata_single, pugi::encoding_utf8);
     if (!result) {
@@ -330,18 +330,40 @@ bool Reader::readNumber(const pugi::xml_node& property, std::int32_t& value) {
     return true;
 }
 
+bool read(std::string_view xml, pugi::xml_document& document, NibElement& root, std::string* error) {
+    Reader reader(xml);
+    const bool good = reader.readDocument(document, root);
+    if (!good && error != nullptr) {
+        *error = reader.error();
+    }
+    return good;
+}
+
 } // namespace
 
 std::optional<NibElement> parse_nib(std::string_view xml, std::string* error) {
-    Reader reader(xml);
-    std::optional<NibElement> root(std::in_place);
-    if (!reader.readDocument(*root)) {
-        root.reset();
-        if (error != nullptr) {
-            *error = reader.error();
-        }
+    pugi::xml_document document;
+    NibElement root;
+    return read(xml, document, root, error) ? std::optional(std::move(root)) : std::nullopt;
+}
+
+std::shared_ptr<const NibSource> read_nib(const std::filesystem::path& file, std::string* error) {
+    const auto xml = read_file(file, error, kMaxNibBytes);
+    if (!xml) {
+        return nullptr;
     }
-    return root;
+    const auto document = std::make_shared<pugi::xml_document>();
+    const auto source = std::make_shared<NibSource>();
+    std::string why;
+    if (!read(*xml, *document, source->root, &why)) {
+        if (error != nullptr) {
+            *error = file.string() + ": " + why;
+        }
+        return nullptr;
+    }
+    source->file = file;
+    source->xml = document;
+    return source;
 }
 
 } // namespace specialpages::platform
