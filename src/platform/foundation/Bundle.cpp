@@ -49,10 +49,25 @@ std::shared_ptr<Bundle> refuse(std::string* error, std::string message) {
     return nullptr;
 }
 
+/// Each language with the more general ones that it falls back to, and the last of all.
+std::vector<std::string> language_chain(const std::vector<std::string>& languages) {
+    std::vector<std::string> chain;
+    const auto add = [&chain](const std::string& language) {
+        if (is_language(language) && std::find(chain.begin(), chain.end(), language) == chain.end()) {
+            chain.push_back(language);
+        }
+    };
+    for (const auto& language : languages) {
+        std::ranges::for_each(language_tags(language), add);
+    }
+    add(kFallbackLanguage);
+    return chain;
+}
+
 } // namespace
 
 Bundle::Bundle(fs::path directory, PropertyList info)
-    : directory_(std::move(directory)), info_(std::move(info)) {}
+    : directory_(std::move(directory)), info_(std::move(info)), languageChain_(language_chain({})) {}
 
 Bundle::~Bundle() = default;
 
@@ -121,7 +136,7 @@ std::optional<fs::path> Bundle::CFBundleCopyResourceURL(std::string_view name, s
     if (const fs::path path = directory_ / relative; is_file(path)) {
         return path;
     }
-    for (const auto& language : languageChain()) {
+    for (const auto& language : languageChain_) {
         if (const fs::path path = directory_ / (language + kLanguageFolderEnding) / relative; is_file(path)) {
             return path;
         }
@@ -133,7 +148,7 @@ std::string Bundle::localizedStringForKey(std::string_view key, std::string_view
                                           std::string_view table) const {
     const std::string name(table.empty() ? std::string_view("Localizable") : table);
     const std::string wanted(key);
-    for (const auto& language : languageChain()) {
+    for (const auto& language : languageChain_) {
         const Table& texts = this->table(language, name);
         if (const auto found = texts.find(wanted); found != texts.end()) {
             return found->second;
@@ -167,22 +182,8 @@ const Bundle::Table& Bundle::table(const std::string& language, const std::strin
     return place->second;
 }
 
-std::vector<std::string> Bundle::languageChain() const {
-    std::vector<std::string> chain;
-    const auto add = [&chain](const std::string& language) {
-        if (is_language(language) && std::find(chain.begin(), chain.end(), language) == chain.end()) {
-            chain.push_back(language);
-        }
-    };
-    for (const auto& language : languages_) {
-        std::ranges::for_each(language_tags(language), add);
-    }
-    add(kFallbackLanguage);
-    return chain;
-}
-
-void Bundle::setPreferredLanguages(std::vector<std::string> languages) {
-    languages_ = std::move(languages);
+void Bundle::setPreferredLanguages(const std::vector<std::string>& languages) {
+    languageChain_ = language_chain(languages);
 }
 
 std::vector<std::string> Bundle::localizations() const {

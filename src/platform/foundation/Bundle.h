@@ -51,7 +51,7 @@ class SPECIALPAGES_PLATFORM_API Bundle {
 
     /// Languages in order of preference ("de", "pt-BR", "de_AT.UTF-8"); each falls back to its less special
     /// tags (language_tags), all of them to "en". Initially {"en"}.
-    void setPreferredLanguages(std::vector<std::string> languages);
+    void setPreferredLanguages(const std::vector<std::string>& languages);
     /// The languages for which the bundle has a folder, sorted.
     std::vector<std::string> localizations() const;
 
@@ -59,11 +59,10 @@ class SPECIALPAGES_PLATFORM_API Bundle {
     Bundle(std::filesystem::path directory, PropertyList info);
     using Table = std::unordered_map<std::string, std::string>;
     const Table& table(const std::string& language, const std::string& name) const;
-    std::vector<std::string> languageChain() const;
 
     std::filesystem::path directory_;
     PropertyList info_;
-    std::vector<std::string> languages_{"en"};
+    std::vector<std::string> languageChain_; ///< where texts are looked for, in that order
     mutable std::unordered_map<std::string, Table> tables_;
 };
 

@@ -38,11 +38,19 @@ bool is_valid_utf8(std::string_view bytes) {
     if (bytes.size() > kMaxIcuUnits) {
         return false;
     }
-    // Most texts are ASCII for long stretches, which need no decoder.
-    const auto beyond =
-        std::ranges::find_if(bytes, [](char byte) { return static_cast<unsigned char>(byte) >= 0x80; });
-    bytes.remove_prefix(static_cast<std::size_t>(beyond - bytes.begin()));
-    return utf16_length(bytes).has_value();
+    // An ASCII byte is never a part of a longer character: the stretches between them, of which most texts
+    // have few, are decoded one by one.
+    constexpr auto kIsAscii = [](char byte) {
+        return static_cast<unsigned char>(byte) < 0x80;
+    };
+    for (auto place = bytes.begin(); place != bytes.end();) {
+        const auto* const begin = std::find_if_not(place, bytes.end(), kIsAscii);
+        place = std::find_if(begin, bytes.end(), kIsAscii);
+        if (begin != place && !utf16_length({begin, place})) {
+            return false;
+        }
+    }
+    return true;
 }
 
 std::optional<std::u16string> utf16_from_utf8(std::string_view bytes) {
