@@ -7,8 +7,11 @@
 #include "qt/window_place.h"
 
 #include <QAbstractButton>
+#include <QAbstractFileIconProvider>
 #include <QComboBox>
 #include <QDialogButtonBox>
+#include <QFileSystemModel>
+#include <QIcon>
 #include <QMargins>
 #include <QMessageBox>
 #include <QPrinter>
@@ -36,6 +39,15 @@ Widget& part_of(const PrintDialog& dialog, const char* name, const char* what) {
     return *widget;
 }
 
+/// Symbols of no file. The dialog reads the user's folder as it opens, to complete the name of a file to
+/// print into, and would look each file up among all types of files that the machine knows, for its symbol:
+/// in the way of its own first painting, and longer than all of that in a large folder.
+class NoSymbols : public QAbstractFileIconProvider {
+  public:
+    QIcon icon(const QFileInfo& /*file*/) const override { return {}; }
+    QString type(const QFileInfo& /*file*/) const override { return {}; }
+};
+
 /// The entry of the list of printers that prints into a file, as the dialog itself calls it.
 QString file_entry() {
     return QPrintDialog::tr("Print to File (PDF)");
@@ -45,8 +57,18 @@ QString file_entry() {
 
 PrintDialog::PrintDialog(QPrinter& printer, WindowTexts texts, QWidget* parent)
     : QPrintDialog(&printer, parent), texts_(std::move(texts)) {
-    tabs(); // there are tabs and a list of printers, or this is no dialog to stand in
-    connect(&printerList(), &QComboBox::currentIndexChanged, this, [this] { follow(); });
+    // There are tabs and a list of printers, or this is no dialog to stand in. The tabs have no frame, since
+    // what is on them has frames of its own.
+    tabs().setDocumentMode(true);
+    connect(&printerList(), &QComboBox::currentIndexChanged, this, [this] {
+        if (!isHidden()) {
+            follow();
+        }
+    });
+    if (auto* const files = findChild<QFileSystemModel*>()) {
+        static NoSymbols symbols; // which a model does not own
+        files->setIconProvider(&symbols);
+    }
 }
 
 PrintDialog::~PrintDialog() {
@@ -75,14 +97,17 @@ std::vector<std::string> PrintDialog::printers() const {
 }
 
 std::string PrintDialog::chosenPrinter() const {
-    const QString name = printerList().currentText();
-    return name == file_entry() ? "" : model_text(name);
+    const QComboBox& list = printerList();
+    // The entry comes when the dialog is shown, and is then the chosen one.
+    const bool comes = list.findText(file_entry()) < 0 && printer()->outputFormat() == QPrinter::PdfFormat;
+    const QString name = list.currentText();
+    return comes || name == file_entry() ? "" : model_text(name);
 }
 
 bool PrintDialog::choosePrinter(const std::string& printer) {
     const QString name = printer.empty() ? file_entry() : shown_text(printer);
     const int place = printerList().findText(name);
-    if (printer.empty() && place < 0) { // the entry comes when the dialog is shown
+    if (printer.empty() && place < 0) {
         this->printer()->setOutputFormat(QPrinter::PdfFormat);
         return true;
     }
@@ -95,10 +120,15 @@ bool PrintDialog::choosePrinter(const std::string& printer) {
 
 void PrintDialog::followPrinters(OpenTab open) {
     open_ = std::move(open);
-    follow();
+    if (!isHidden()) {
+        follow();
+    }
 }
 
 void PrintDialog::setVisible(bool visible) {
+    if (visible && isHidden()) {
+        follow(); // so that the dialog is laid out with its tab at once
+    }
     QPrintDialog::setVisible(visible); // which completes the list of printers
     if (visible) {
         follow();
@@ -106,7 +136,7 @@ void PrintDialog::setVisible(bool visible) {
 }
 
 void PrintDialog::follow() {
-    if (!open_ || isHidden()) {
+    if (!open_) {
         return;
     }
     const std::string printer = chosenPrinter();
@@ -164,8 +194,13 @@ void PrintDialog::expand() {
 }
 
 void PrintDialog::fitOnScreen(QPoint middle) {
-    setGeometry(window_place({size(), kComfortable, minimumSizeHint()}, middle,
-                             screen()->availableGeometry().marginsRemoved(kFrame)));
+    const QRect place = window_place({size(), kComfortable, minimumSizeHint()}, middle,
+                                     screen()->availableGeometry().marginsRemoved(kFrame));
+    if (isHidden()) {
+        resize(place.size()); // being shown gives it a place
+    } else {
+        setGeometry(place);
+    }
 }
 
 void PrintDialog::setPrintHandler(std::function<void(const PrintRequest&)> handler) {

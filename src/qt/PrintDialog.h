@@ -64,8 +64,8 @@ class PrintDialog : public QPrintDialog {
     void follow();
     void showTab(PrinterTab* tab);
     void expand();
-    /// Gives the dialog, which has grown downward from where it was placed for its small size, a size for its
-    /// tabs and a place on the screen where all of it is seen, around where its middle was.
+    /// Gives the dialog, which may have grown downward from where it was placed for its small size, a size
+    /// for its tabs and a place on the screen where all of it is seen, around where its middle was.
     void fitOnScreen(QPoint middle);
     bool print();
     void keepSettings();
