@@ -1,6 +1,7 @@
 #include "host/PpdFile.h"
 
 #include "host/HostError.h"
+#include "host/no_language.h"
 
 #include <cups/cups.h>
 #include <cups/ppd.h>
@@ -8,9 +9,7 @@
 #include <array>
 #include <cerrno>
 #include <charconv>
-#include <clocale>
 #include <cmath>
-#include <cstdlib>
 #include <cstring>
 #include <span>
 #include <strings.h>
@@ -32,34 +31,6 @@
 namespace specialpages::host {
 
 namespace {
-
-// libcups takes the language of its messages, and which of a PPD's translated attributes it keeps, from the
-// environment at each call. Neither may depend on the user's locale: while this lives, libcups sees none.
-class NoLanguage {
-  public:
-    NoLanguage() : locale_(std::setlocale(LC_MESSAGES, nullptr)) {
-        if (const char* const environment = std::getenv(kVariable)) {
-            environment_ = environment;
-        }
-        setenv(kVariable, "C", 1);
-        std::setlocale(LC_MESSAGES, "C");
-    }
-    ~NoLanguage() {
-        std::setlocale(LC_MESSAGES, locale_.c_str());
-        if (environment_) {
-            setenv(kVariable, environment_->c_str(), 1);
-        } else {
-            unsetenv(kVariable);
-        }
-    }
-    NoLanguage(const NoLanguage&) = delete;
-    NoLanguage& operator=(const NoLanguage&) = delete;
-
-  private:
-    static constexpr const char* kVariable = "LC_MESSAGES"; // libcups asks for it before LC_ALL and LANG
-    std::string locale_;
-    std::optional<std::string> environment_;
-};
 
 // Null when libcups refuses it; errno then says what the system had to say, if anything.
 ppd_file_t* open_ppd(const char* file) {

@@ -42,6 +42,7 @@ std::vector<PageRange> chosen_pages(const QPrinter& printer) {
 
 PrintServices cups_services() {
     return {[](const std::string& queue) { return host::queue_ppd(queue); },
+            [](const std::string& file) { return host::PpdFile(file); },
             [](const host::DocumentJob& job) {
                 return host::print_document(job).job.name();
             }};
@@ -97,7 +98,7 @@ std::unique_ptr<PrinterTab> PrintProgram::openTabOf(const std::string& printer) 
     if (!printer.empty()) {
         return open_printer_tab([&] { return services_.ppd(options.printer); }, options, face_, texts_);
     }
-    return open_printer_tab([this] { return host::PpdFile(options_.ppd); }, options, face_, texts_);
+    return open_printer_tab([this] { return services_.ppdFile(options_.ppd); }, options, face_, texts_);
 }
 
 void PrintProgram::writeSettings(const platform::PrintSettings& settings) {

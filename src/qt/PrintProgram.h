@@ -20,10 +20,12 @@ namespace specialpages::qt {
 struct PrintServices {
     /// The PPD of a queue; HostError.
     std::function<host::PpdFile(const std::string& queue)> ppd;
+    /// A PPD file; HostError.
+    std::function<host::PpdFile(const std::string& file)> ppdFile;
     /// Prints, and answers what the job is called; HostError.
     std::function<std::string(const host::DocumentJob& job)> print;
 };
-/// The queue's PPD and the road to it are those of CUPS.
+/// Files are read when they are asked for; the queue's PPD and the road to it are those of CUPS.
 PrintServices cups_services();
 
 class PrintProgram {

@@ -1,3 +1,4 @@
+#include "qt/read_ahead.h"
 #include "qt/run_print.h"
 
 #include <QApplication>
@@ -19,6 +20,7 @@ int main(int argc, char** argv) {
         if (!options) {
             return exit;
         }
+        const auto services = specialpages::qt::read_ahead(*options, specialpages::qt::cups_services());
         int programAlone = 1;
         const QApplication application(programAlone, argv);
         // Qt takes the user's locale; numbers of files and PPDs are read and written in the C locale.
@@ -31,7 +33,7 @@ int main(int argc, char** argv) {
                        QStringLiteral("_"), QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
             QApplication::installTranslator(&words);
         }
-        return specialpages::qt::run_print(*options, std::cout, std::cerr);
+        return specialpages::qt::run_print(*options, services, std::cout, std::cerr);
     } catch (const std::exception& error) {
         std::fprintf(stderr, "special-pages-print: %s\n", error.what());
         return 1;

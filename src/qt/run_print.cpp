@@ -1,7 +1,6 @@
 #include "qt/run_print.h"
 
 #include "host/HostError.h"
-#include "qt/PrintProgram.h"
 
 #include <CLI/CLI.hpp>
 
@@ -33,9 +32,10 @@ std::optional<PrintOptions> parse_print_options(std::vector<std::string> argumen
     return options;
 }
 
-int run_print(const PrintOptions& options, std::ostream& out, std::ostream& err) {
+int run_print(const PrintOptions& options, const PrintServices& services, std::ostream& out,
+              std::ostream& err) {
     try {
-        PrintProgram program(options, cups_services(), out, err);
+        PrintProgram program(options, services, out, err);
         return program.dialog().exec() == QDialog::Accepted ? 0 : 1;
     } catch (const host::HostError& error) {
         err << "special-pages-print: " << error.what() << '\n';

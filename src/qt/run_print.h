@@ -2,6 +2,7 @@
 #pragma once
 
 #include "qt/PrintOptions.h"
+#include "qt/PrintProgram.h"
 
 #include <iosfwd>
 #include <optional>
@@ -18,6 +19,7 @@ std::optional<PrintOptions> parse_print_options(std::vector<std::string> argumen
 /// Shows the print dialog until the user prints or cancels, and answers the exit code: 0 printed, 1 cancelled
 /// or failed, 2 for a document or settings file that cannot be read, 4 when there is no such queue. Needs a
 /// QApplication.
-int run_print(const PrintOptions& options, std::ostream& out, std::ostream& err);
+int run_print(const PrintOptions& options, const PrintServices& services, std::ostream& out,
+              std::ostream& err);
 
 } // namespace specialpages::qt

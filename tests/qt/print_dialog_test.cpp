@@ -161,7 +161,7 @@ int run_program(const PrintOptions& options, std::ostream& out, std::ostream& er
         }
     });
     timer.start(0);
-    const int exit = run_print(options, out, err);
+    const int exit = run_print(options, cups_services(), out, err);
     EXPECT_TRUE(seen || exit == 2) << "no dialog came";
     return exit;
 }
@@ -221,7 +221,7 @@ TEST_F(PrintDialogTest, ADocumentThatIsNoPdfIsAnInputError) {
     options.document = folder_.write("text.pdf", "hello").string();
     std::ostringstream out;
     std::ostringstream err;
-    EXPECT_EQ(run_print(options, out, err), 2);
+    EXPECT_EQ(run_print(options, cups_services(), out, err), 2);
     EXPECT_THAT(err.str(), HasSubstr("text.pdf: expected a PDF document"));
 }
 

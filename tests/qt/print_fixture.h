@@ -151,6 +151,7 @@ class PrintProgramTest : public ::testing::Test {
                     ++asked_[queue];
                     return host::PpdFile(queues_.at(queue));
                 },
+                [](const std::string& file) { return host::PpdFile(file); },
                 [this](const host::DocumentJob& job) -> std::string {
                     if (refusal_) {
                         throw host::HostError(host::ErrorCode::printer, job.queue, *refusal_);

@@ -1,0 +1,17 @@
+// What a start of the program reads before there is a window.
+#pragma once
+
+#include "qt/PrintOptions.h"
+#include "qt/PrintProgram.h"
+
+namespace specialpages::qt {
+
+/// Reads the PPD file of the options and loads the pane, while Fontconfig reads what fonts there are in a
+/// thread of its own: that takes as long as both, and Qt would wait for it when it writes its first letter.
+/// The answer is `services`, and gives that PPD out the first time that the file is asked for. What cannot be
+/// read is tried again when it is needed, and refused then. Without a PPD file nothing is done.
+///
+/// Called before there is a QApplication, which sets the locale.
+PrintServices read_ahead(const PrintOptions& options, PrintServices services);
+
+} // namespace specialpages::qt
