@@ -17,12 +17,15 @@ bool is_of_windows(Qt::FocusReason reason) {
 } // namespace
 
 FieldWidget::FieldWidget(QWidget* parent) : QLineEdit(parent) {
-    QObject::connect(this, &QLineEdit::textEdited, this, [this](const QString& text) {
-        use([&] {
-            if (handlers_.edited) {
-                handlers_.edited(text);
-            }
-        });
+    // Not only what is typed: an assistive tool sets the text. What the model shows comes without a signal.
+    QObject::connect(this, &QLineEdit::textChanged, this, [this](const QString& text) {
+        if (!handlers_.edited) {
+            return;
+        }
+        if (!hasFocus()) {
+            setFocus(Qt::OtherFocusReason); // whose text is edited has the keyboard, and ends it by leaving
+        }
+        use([&] { handlers_.edited(text); });
     });
 }
 

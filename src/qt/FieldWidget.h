@@ -1,4 +1,5 @@
-// A text field. Each key's text is shown to the model, which lets it stand or not; the widget follows.
+// A text field. The text that a key or an assistive tool makes is shown to the model, which lets it stand or
+// not; the widget follows.
 #pragma once
 
 #include <QLineEdit>
@@ -10,8 +11,8 @@ class FieldWidget : public QLineEdit {
   public:
     explicit FieldWidget(QWidget* parent);
 
-    /// `entered`: the keyboard comes; `edited`: the text that a key would make; `left`: the keyboard goes to
-    /// another control. A menu or another window that has it for a while is neither.
+    /// `entered`: the keyboard comes; `edited`: the text that a key or a tool would make; `left`: the
+    /// keyboard goes to another control. A menu or another window that has it for a while is neither.
     struct Handlers {
         std::function<void()> entered;
         std::function<void(const QString& text)> edited;

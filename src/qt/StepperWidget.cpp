@@ -7,6 +7,7 @@
 #include <QStylePainter>
 #include <QWheelEvent>
 #include <algorithm>
+#include <cmath>
 #include <limits>
 
 namespace specialpages::qt {
@@ -20,12 +21,18 @@ StepperWidget::StepperWidget(QWidget* parent) : QSpinBox(parent) {
 }
 
 void StepperWidget::stepBy(int steps) {
-    if (!stepped_) {
-        return;
-    }
+    stepTo(value() + std::int64_t{steps} * singleStep());
+}
+
+void StepperWidget::stepTo(std::int64_t value) {
     using Limits = std::numeric_limits<std::int32_t>;
-    const std::int64_t wanted = value() + std::int64_t{steps} * singleStep();
-    stepped_(static_cast<std::int32_t>(std::clamp<std::int64_t>(wanted, Limits::min(), Limits::max())));
+    if (stepped_) {
+        stepped_(static_cast<std::int32_t>(std::clamp<std::int64_t>(value, Limits::min(), Limits::max())));
+    }
+}
+
+QString StepperWidget::textFromValue(int value) const {
+    return QString::number(value / std::pow(10, decimals()), 'f', decimals());
 }
 
 QSize StepperWidget::sizeHint() const {

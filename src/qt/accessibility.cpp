@@ -2,7 +2,9 @@
 
 #include "qt/DialogWidget.h"
 #include "qt/PopUpWidget.h"
+#include "qt/StepperWidget.h"
 #include "qt/accessibility_menus.h"
+#include "qt/accessibility_stepper.h"
 #include "qt/text.h"
 
 #include <QAccessible>
@@ -39,6 +41,8 @@ class RadioAccessible : public QAccessibleWidget {
     }
     void doAction(const QString& name) override {
         if (name == pressAction()) {
+            // As by a click: what had the keyboard may be hidden then, and it would go to another button.
+            radio().setFocus(Qt::MouseFocusReason);
             radio().click();
         } else {
             QAccessibleWidget::doAction(name);
@@ -85,6 +89,10 @@ QAccessibleInterface* describe(const QString& className, QObject* object) {
     if (className == QLatin1String("QComboBox")) {
         auto* const popUp = dynamic_cast<PopUpWidget*>(object);
         return popUp == nullptr ? nullptr : describe_pop_up(*popUp);
+    }
+    if (className == QLatin1String("QSpinBox")) {
+        auto* const stepper = dynamic_cast<StepperWidget*>(object);
+        return stepper == nullptr ? nullptr : describe_stepper(*stepper);
     }
     if (className == QLatin1String("QDialog")) {
         auto* const dialog = dynamic_cast<DialogWidget*>(object);

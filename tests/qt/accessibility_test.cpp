@@ -1,9 +1,11 @@
 // What assistive tools are told of the pane and its dialogs.
 #include "qt/DialogWidget.h"
+#include "qt/FieldWidget.h"
 #include "qt/IconWidget.h"
 #include "qt/PopUpWidget.h"
+#include "qt/StepperWidget.h"
 #include "qt/TableWidget.h"
-#include "qt/qt_fixture.h"
+#include "qt/pane_windows.h"
 #include "qt/widget_state.h"
 
 #include <gmock/gmock.h>
@@ -12,6 +14,7 @@
 #include <QAccessible>
 #include <QGroupBox>
 #include <QLabel>
+#include <QPushButton>
 #include <QRadioButton>
 #include <map>
 #include <string>
@@ -23,7 +26,7 @@ std::string name_of(QAccessibleInterface& object) {
     return object.text(QAccessible::Name).toStdString();
 }
 
-class Accessibility : public QtPaneTest {
+class Accessibility : public PaneWindowsTest {
   protected:
     static QAccessibleInterface& of(QObject& object) {
         auto* const found = QAccessible::queryAccessibleInterface(&object);
@@ -69,27 +72,113 @@ TEST_F(Accessibility, EveryControlOfThePaneHasANameAndARole) {
 
 TEST_F(Accessibility, EveryControlOfTheDialogsHasANameAndARole) {
     open(host::read_settings_file(kHandbook));
-    const std::vector<std::vector<std::string>> openers{
-        {R"({"do":"press","tag":100})"},
-        {R"({"do":"press","tag":101})"},
-        {R"({"do":"press","tag":102})"},
-        {R"({"do":"press","tag":107})"},
-        {R"({"do":"press","tag":101})", R"({"do":"choose","tag":3210,"item":6})"},
-        {R"({"do":"press","tag":101})", R"({"do":"choose","tag":3210,"menu":2,"item":34})"}};
-    std::set<std::string> seen;
-    for (const auto& requests : openers) {
-        QtDriver driver(pane_->widget(), face_);
-        driver.atEnd([&] {
-            QWidget* const dialog = QApplication::activeModalWidget();
-            ASSERT_NE(dialog, nullptr) << requests.back();
-            seen.insert(dialog->objectName().toStdString());
-            expectNamesAndRoles(*dialog);
-        });
-        driver.run(requests);
+    for (const PaneWindow& window : pane_windows()) {
+        SCOPED_TRACE(window.word);
+        inWindow(window, [&](DialogWidget& dialog) { expectNamesAndRoles(dialog); });
     }
-    EXPECT_THAT(seen,
-                ::testing::ElementsAre("CoversWindowRef", "InsertWindowRef", "SPAdvSeleWndRef",
-                                       "WarningWindowRef", "spAddExceptionsWindow", "spCustomSizeWindow"));
+}
+
+TEST_F(Accessibility, AStepperSaysItsNumberAsTheFieldShowsIt) {
+    open();
+    const auto expect = [&](const char* window, const char* name, const std::string& number, double value,
+                            double step) {
+        inWindow(windowOf(window), [&](DialogWidget&) {
+            QAccessibleInterface& stepper = of(widget<QWidget>(name));
+            EXPECT_EQ(stepper.text(QAccessible::Value).toStdString(), number);
+            ASSERT_NE(stepper.textInterface(), nullptr);
+            const int end = stepper.textInterface()->characterCount();
+            EXPECT_EQ(stepper.textInterface()->text(0, end).toStdString(), number);
+            EXPECT_EQ(stepper.editableTextInterface(), nullptr);
+            ASSERT_NE(stepper.valueInterface(), nullptr);
+            EXPECT_EQ(stepper.valueInterface()->currentValue().toDouble(), value);
+            EXPECT_EQ(stepper.valueInterface()->minimumStepSize().toDouble(), step);
+            EXPECT_LT(stepper.valueInterface()->minimumValue().toDouble(), value);
+            EXPECT_GT(stepper.valueInterface()->maximumValue().toDouble(), value);
+        });
+    };
+    expect("custom-size", "spCustomSizeWidthMMLittleArrow", "210.0", 210, 0.1);
+    expect("custom-size", "spCustomSizeLengthMMLittleArrow", "297.0", 297, 0.1);
+    expect("custom-size-inches", "spCustomSizeWidthInchLittleArrow", "8.27", 8.27, 0.01);
+    expect("custom-size-inches", "spCustomSizeLengthInchLittleArrow", "11.69", 11.69, 0.01);
+    expect("tab-stock", "spTabMarginMMLittleArrow", "12.7", 12.7, 0.1);
+    expect("tab-stock-inches", "spTabMarginInchesLittleArrow", "0.50", 0.5, 0.01);
+    expect("tab-stock", "spNumInSequenceLittleArrow", "3", 3, 1);
+}
+
+TEST_F(Accessibility, AStepperStepsByItsActionsAndTakesAValueOfItsRange) {
+    open();
+    inWindow(windowOf("custom-size"), [&](DialogWidget&) {
+        QAccessibleInterface& stepper = of(widget<QWidget>("spCustomSizeWidthMMLittleArrow"));
+        const auto& field = widget<FieldWidget>("spCustomSizeWidthMMEditText");
+        EXPECT_THAT(stepper.actionInterface()->actionNames(),
+                    ::testing::ElementsAre(QAccessibleActionInterface::increaseAction(),
+                                           QAccessibleActionInterface::decreaseAction(),
+                                           QAccessibleActionInterface::setFocusAction()));
+        stepper.actionInterface()->doAction(QAccessibleActionInterface::increaseAction());
+        EXPECT_EQ(field.text(), "210.1");
+        stepper.actionInterface()->doAction(QAccessibleActionInterface::decreaseAction());
+        stepper.actionInterface()->doAction(QAccessibleActionInterface::decreaseAction());
+        EXPECT_EQ(field.text(), "209.9");
+        stepper.valueInterface()->setCurrentValue(200.5);
+        EXPECT_EQ(field.text(), "200.5");
+        stepper.valueInterface()->setCurrentValue(1e300);
+        EXPECT_EQ(field.text(), "330.0");
+        EXPECT_EQ(stepper.valueInterface()->currentValue().toDouble(), 330);
+    });
+}
+
+TEST_F(Accessibility, ADisabledStepperAndItsFieldLetNothingBeDone) {
+    open();
+    const PaneWindow noShift{
+        "tab-stock",
+        "spTabStockWindow",
+        {R"({"do":"press","tag":102})", R"({"do":"choose","tag":312,"menu":4,"item":37})"}};
+    inWindow(noShift, [&](DialogWidget&) {
+        QAccessibleInterface& stepper = of(widget<QWidget>("spTabMarginMMLittleArrow"));
+        auto& field = widget<FieldWidget>("spTabMarginMMEditText");
+        ASSERT_TRUE(stepper.state().disabled);
+        EXPECT_TRUE(stepper.actionInterface()->actionNames().isEmpty());
+        stepper.actionInterface()->doAction(QAccessibleActionInterface::increaseAction());
+        EXPECT_EQ(field.text(), "12.7");
+        stepper.valueInterface()->setCurrentValue(20);
+        EXPECT_EQ(field.text(), "12.7");
+        of(field).setText(QAccessible::Value, QStringLiteral("20.0"));
+        EXPECT_EQ(field.text(), "12.7");
+    });
+}
+
+TEST_F(Accessibility, WhatAToolWritesCountsAsWhatIsTyped) {
+    open();
+    inDialog("SPAddInsertsButton", [&](QDialog& dialog) {
+        auto& pages = widget<FieldWidget>("spInstPageNumEdit");
+        widget<QWidget>("spInstQuantityEdit").setFocus();
+        of(pages).editableTextInterface()->insertText(0, QStringLiteral("5"));
+        EXPECT_EQ(dialog.focusWidget(), &pages);
+        of(pages).editableTextInterface()->insertText(1, QStringLiteral("x"));
+        EXPECT_EQ(pages.text(), "5") << "letters are refused as those that are typed";
+        of(widget<QWidget>("spInstQuantityEdit")).setText(QAccessible::Value, QStringLiteral("3"));
+        EXPECT_EQ(dialog.focusWidget(), &widget<QWidget>("spInstQuantityEdit"));
+        auto& ok = widget<QPushButton>("spInstOKButton");
+        of(ok).actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+        EXPECT_TRUE(ok.isDown());
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !ok.isDown(); }, 8000)) << "pressed for the blink of an eye";
+    });
+    EXPECT_TRUE(face_.alerts.empty());
+    QAccessibleTableInterface* const table =
+        of(widget<TableWidget>("SPSummaryInfoTableView")).tableInterface();
+    ASSERT_EQ(table->rowCount(), 1);
+    EXPECT_EQ(name_of(*table->cellAt(0, 0)), "Insert after page 5, 3 sheets, A4, White, Plain");
+}
+
+TEST_F(Accessibility, APressedRadioButtonTakesTheKeyboard) {
+    open();
+    inWindow(windowOf("custom-size"), [&](DialogWidget& dialog) {
+        auto& inches = widget<QRadioButton>("spCustomSizeInchesRadioButton");
+        ASSERT_EQ(dialog.focusWidget(), &widget<QWidget>("spCustomSizeWidthMMEditText"));
+        of(inches).actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+        EXPECT_TRUE(inches.isChecked());
+        EXPECT_EQ(dialog.focusWidget(), &inches);
+    });
 }
 
 TEST_F(Accessibility, ARowIsReadAsASentence) {
