@@ -3,6 +3,7 @@
 #include "qt/DialogWidget.h"
 #include "qt/PopUpWidget.h"
 #include "qt/StepperWidget.h"
+#include "qt/accessibility_help.h"
 #include "qt/accessibility_menus.h"
 #include "qt/accessibility_stepper.h"
 #include "qt/text.h"
@@ -12,6 +13,7 @@
 #include <QLabel>
 #include <QMenu>
 #include <QRadioButton>
+#include <QTextBrowser>
 
 namespace specialpages::qt {
 
@@ -93,6 +95,9 @@ QAccessibleInterface* describe(const QString& className, QObject* object) {
     if (className == QLatin1String("QSpinBox")) {
         auto* const stepper = dynamic_cast<StepperWidget*>(object);
         return stepper == nullptr ? nullptr : describe_stepper(*stepper);
+    }
+    if (className == QLatin1String("QTextBrowser")) {
+        return describe_page(*qobject_cast<QTextBrowser*>(object));
     }
     if (className == QLatin1String("QDialog")) {
         auto* const dialog = dynamic_cast<DialogWidget*>(object);

@@ -1,6 +1,7 @@
 // What assistive tools are told of the pane and its dialogs.
 #include "qt/DialogWidget.h"
 #include "qt/FieldWidget.h"
+#include "qt/HelpViewer.h"
 #include "qt/IconWidget.h"
 #include "qt/PopUpWidget.h"
 #include "qt/StepperWidget.h"
@@ -16,6 +17,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QTextBrowser>
 #include <map>
 #include <string>
 
@@ -290,6 +292,134 @@ TEST_F(Accessibility, ADisabledItemGivesItsReason) {
         EXPECT_GT(enabled, 10);
         popup.hidePopup();
     });
+}
+
+class AccessibleHelp : public Accessibility {
+  protected:
+    /// The first page of the help, as assistive tools are told of it.
+    QAccessibleInterface& openHelp() {
+        open();
+        click(widget<QWidget>("SPMainHelpButton"));
+        return of(browser());
+    }
+    QTextBrowser& browser() { return pane_->widget().help()->browser(); }
+
+    static std::vector<std::string> linksOf(QAccessibleInterface& page) {
+        std::vector<std::string> names;
+        for (int i = 0; i < page.childCount(); ++i) {
+            QAccessibleInterface& link = *page.child(i);
+            EXPECT_EQ(link.role(), QAccessible::Link);
+            EXPECT_EQ(link.parent(), &page);
+            EXPECT_EQ(page.indexOfChild(&link), i);
+            names.push_back(name_of(link));
+        }
+        return names;
+    }
+    static std::string textOf(QAccessibleInterface& page, int start, int length) {
+        return page.textInterface()->text(start, start + length).toStdString();
+    }
+    void follow(QAccessibleInterface& link) {
+        link.actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+        settle();
+    }
+};
+
+TEST_F(AccessibleHelp, APageIsATextThatCanBeReadOnly) {
+    QAccessibleInterface& page = openHelp();
+    EXPECT_EQ(page.role(), QAccessible::Document);
+    EXPECT_EQ(name_of(page), "Help");
+    EXPECT_TRUE(page.state().readOnly);
+    EXPECT_TRUE(page.state().multiLine);
+    EXPECT_EQ(page.editableTextInterface(), nullptr);
+    ASSERT_NE(page.textInterface(), nullptr);
+    EXPECT_EQ(textOf(page, 0, 13), "Special pages");
+    const int end = page.textInterface()->characterCount();
+    const QString all = page.textInterface()->text(0, end);
+    EXPECT_EQ(all.size(), end);
+    EXPECT_TRUE(all.contains(QStringLiteral("Kind\nWhat it is\nFor example\nCover\n")));
+    for (const QChar& character : all) {
+        EXPECT_TRUE(character == u'\n' || character.isPrint()) << int{character.unicode()};
+    }
+}
+
+TEST_F(AccessibleHelp, APartOfAPageCanBeMarkedFoundAndScrolledTo) {
+    QAccessibleTextInterface& text = *openHelp().textInterface();
+    text.setSelection(0, 0, 7);
+    EXPECT_EQ(browser().textCursor().selectedText().toStdString(), "Special");
+    int start = -1;
+    int end = -1;
+    ASSERT_EQ(text.selectionCount(), 1);
+    text.selection(0, &start, &end);
+    EXPECT_EQ(std::pair(start, end), std::pair(0, 7));
+    EXPECT_EQ(text.cursorPosition(), 7);
+    text.removeSelection(0);
+    EXPECT_EQ(text.selectionCount(), 0);
+    EXPECT_EQ(text.attributes(3, &start, &end), "font-weight:bold;");
+    EXPECT_EQ(std::pair(start, end), std::pair(0, 13)) << "the heading";
+    EXPECT_EQ(text.attributes(20, &start, &end), "");
+    EXPECT_EQ(start, 14);
+    EXPECT_EQ(text.offsetAtPoint(text.characterRect(4).center()), 4);
+    const int last = text.characterCount() - 1;
+    const auto shown = [&] {
+        return browser()
+            .rect()
+            .translated(browser().mapToGlobal(QPoint(0, 0)))
+            .intersects(text.characterRect(last));
+    };
+    EXPECT_FALSE(shown());
+    text.scrollToSubstring(last, last + 1);
+    EXPECT_TRUE(shown());
+    text.setCursorPosition(1000000);
+    EXPECT_EQ(text.cursorPosition(), text.characterCount());
+}
+
+TEST_F(AccessibleHelp, LinksLeadToOtherPagesAndEndWithTheirOwn) {
+    QAccessibleInterface& page = openHelp();
+    EXPECT_THAT(linksOf(page),
+                ::testing::ElementsAre("Cover", "Insert", "Exception", "Special pages", "Covers", "Inserts",
+                                       "Exceptions", "Advanced paper selection", "Custom size", "Tab stock"));
+    QAccessibleInterface& link = *page.child(1);
+    EXPECT_TRUE(link.state().linked);
+    EXPECT_FALSE(link.state().offscreen);
+    EXPECT_TRUE(page.child(9)->state().offscreen);
+    EXPECT_EQ(page.childAt(link.rect().center().x(), link.rect().center().y()), &link);
+    const QAccessible::Id id = QAccessible::uniqueId(&link);
+    follow(link);
+    EXPECT_EQ(browser().source().fileName(), "SpecialPagesInsert_Default01.htm");
+    EXPECT_EQ(QAccessible::accessibleInterface(id), nullptr);
+    EXPECT_EQ(textOf(page, 0, 7), "Inserts");
+    EXPECT_THAT(linksOf(page),
+                ::testing::ElementsAre("Advanced", "Tab stock", "Why is an item grey?", "Special pages",
+                                       "Covers", "Inserts", "Exceptions", "Advanced paper selection",
+                                       "Custom size", "Tab stock"));
+    follow(*page.child(2));
+    EXPECT_EQ(browser().source().fileName(), "SpecialPagesMain_Default01.htm");
+    EXPECT_EQ(browser().source().fragment(), "grey");
+    click(*pane_->widget().help()->findChild<QWidget*>("helpBack"));
+    EXPECT_EQ(textOf(page, 0, 7), "Inserts");
+    EXPECT_EQ(linksOf(page).front(), "Advanced");
+}
+
+TEST_F(AccessibleHelp, TheLinkWithTheKeyboardIsTold) {
+    QAccessibleInterface& page = openHelp();
+    activate(*pane_->widget().help());
+    browser().setFocus();
+    EXPECT_EQ(page.focusChild(), nullptr);
+    press_key(browser(), Qt::Key_Tab);
+    ASSERT_NE(page.focusChild(), nullptr);
+    EXPECT_EQ(name_of(*page.focusChild()), "Cover");
+    press_key(browser(), Qt::Key_Tab);
+    ASSERT_NE(page.focusChild(), nullptr);
+    EXPECT_EQ(name_of(*page.focusChild()), "Insert");
+    EXPECT_FALSE(page.child(0)->state().focused);
+}
+
+TEST_F(AccessibleHelp, ALinkOfSeveralLooksIsOne) {
+    QAccessibleInterface& page = openHelp();
+    browser().setHtml(
+        QStringLiteral("<p><a href='a'>one <b>link</b></a> <a href='b'>two</a><a href='c'>three</a>"
+                       "<a name='place'>no link</a></p>"));
+    EXPECT_THAT(linksOf(page), ::testing::ElementsAre("one link", "two", "three"));
 }
 
 } // namespace
