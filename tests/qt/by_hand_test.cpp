@@ -1,5 +1,5 @@
-// Each dialog from its opening to the record, once with the keyboard alone and once with the mouse alone
-// (pages are typed).
+// Each dialog from its opening to the record, once with the keyboard alone and once with the mouse: alone, or
+// with pages that are typed.
 #include "qt/FieldWidget.h"
 #include "qt/PopUpWidget.h"
 #include "qt/StepperWidget.h"
@@ -11,6 +11,8 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QStyleOptionSpinBox>
 #include <deque>
@@ -142,6 +144,27 @@ class ByHand : public PaneWindowsTest {
         for (int i = 0; i < times; ++i) {
             click(stepper, up.center());
         }
+    }
+    /// Puts into an empty field, by its own menu, what was copied elsewhere.
+    void pasteByMouse(const std::string& name, const char* text) {
+        QGuiApplication::clipboard()->setText(QString::fromLatin1(text));
+        clickOn(name);
+        QWidget& field = widget<QWidget>(name);
+        QTest::mouseClick(field.window()->windowHandle(), Qt::RightButton, Qt::NoModifier,
+                          field.mapTo(field.window(), field.rect().center()));
+        QApplication::processEvents();
+        auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        ASSERT_NE(menu, nullptr) << name;
+        const QString key = QKeySequence(QKeySequence::Paste).toString(QKeySequence::NativeText);
+        QAction* paste = nullptr;
+        for (QAction* const action : menu->actions()) {
+            paste = action->text().endsWith(u'\t' + key) ? action : paste;
+        }
+        ASSERT_NE(paste, nullptr) << name;
+        ASSERT_TRUE(paste->isEnabled()) << name;
+        QTest::mouseClick(menu->windowHandle(), Qt::LeftButton, Qt::NoModifier,
+                          menu->actionGeometry(paste).center());
+        QApplication::processEvents();
     }
     void clickOn(const std::string& name) {
         QWidget& button = widget<QWidget>(name);
@@ -350,6 +373,28 @@ TEST_F(ByHand, DifferentCoversByTheMouseAlone) {
     finish();
     EXPECT_THAT(rows(), ElementsAre("Front | Cover | Print on side 1; A4, White, Thick 1",
                                     "Back | Cover | Blank or preprinted; A4, Blue, Plain"));
+}
+
+TEST_F(ByHand, InsertsAndExceptionsByTheMouseAloneWithPagesFromTheClipboard) {
+    open();
+    inDialogs({[&](QWidget&) {
+        pasteByMouse("spInstPageNumEdit", "3,7");
+        stepUp(widget<StepperWidget>("spInstQuantityLArr"), 1);
+        pickByMouse(widget<PopUpWidget>("spInstSelePaper"), {kColor, kBlue});
+        clickOn("spInstOKButton");
+    }});
+    clickOn("SPAddInsertsButton");
+    finish();
+    inDialogs({[&](QWidget&) {
+        pasteByMouse("spExceptionsPageEdit", "5-7");
+        pickByMouse(widget<PopUpWidget>("spExceptionsPaperList"), {kColor, kBlue});
+        clickOn("spExceptionsOKButton");
+    }});
+    clickOn("SPAddExceptionsButton");
+    finish();
+    EXPECT_THAT(rows(), ElementsAre("3 | Insert | 2 sheet(s); A4, Blue, Plain",
+                                    "5-7 | Exception | 1-sided; A4, Blue, Plain",
+                                    "7 | Insert | 2 sheet(s); A4, Blue, Plain"));
 }
 
 TEST_F(ByHand, InsertsByTheMouseWithTypedPages) {
