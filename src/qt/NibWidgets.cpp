@@ -182,7 +182,7 @@ std::string source_of(const pugi::xml_node& widget) {
     return text_of(document);
 }
 
-pugi::xml_node append_without_children(pugi::xml_node to, const pugi::xml_node& from) {
+pugi::xml_node append_without_children(pugi::xml_node& to, const pugi::xml_node& from) {
     pugi::xml_node copy = to.append_child(from.name());
     for (const pugi::xml_attribute& attribute : from.attributes()) {
         copy.append_copy(attribute);
