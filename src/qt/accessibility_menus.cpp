@@ -102,9 +102,11 @@ class ItemAccessible : public QAccessibleInterface, public QAccessibleActionInte
             return;
         }
         if (name == pressAction()) {
+            // What the item does may end the menu, and with it this description.
+            const QPointer<QMenu> menu = menu_;
             action_->trigger();
-            if (menu_ != nullptr) { // which what the item does may have ended
-                close_menus(*menu_);
+            if (menu != nullptr) {
+                close_menus(*menu);
             }
         } else if (name == showMenuAction() && action_->menu() != nullptr && menu_->isVisible()) {
             // As with the keyboard; later, since a reader's call is not to wait for what it shows.
