@@ -1,7 +1,6 @@
 #include "qt/FieldWidget.h"
 
 #include <QFocusEvent>
-#include <QKeyEvent>
 #include <QSignalBlocker>
 #include <utility>
 
@@ -81,14 +80,6 @@ void FieldWidget::focusOutEvent(QFocusEvent* event) {
     isAway_ = is_of_windows(event->reason());
     if (!isAway_ && handlers_.left) {
         handlers_.left();
-    }
-}
-
-void FieldWidget::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-        event->ignore(); // the window's
-    } else {
-        QLineEdit::keyPressEvent(event);
     }
 }
 

@@ -20,17 +20,17 @@ class FieldWidget : public QLineEdit {
     };
     void setHandlers(Handlers handlers) { handlers_ = std::move(handlers); }
 
-    /// Whether one of the handlers runs, so that what happens to the field is the user's own doing.
+    /// Whether `entered` or `edited` runs, so that what happens to the field is the user's own doing.
     bool isInUse() const { return inUse_; }
 
-    /// Shows the text. The one that stood there before the last key brings its cursor and selection back.
+    /// Shows the text. The one that stood there before the user's last key, press or drop brings its cursor
+    /// and selection back.
     void showText(const QString& text);
 
   protected:
     bool event(QEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
 
   private:
     struct Before {
