@@ -6,7 +6,6 @@
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QStatusTipEvent>
-#include <algorithm>
 #include <utility>
 
 namespace specialpages::qt {
@@ -34,7 +33,7 @@ void DialogWidget::addStatusLine() {
         return;
     }
     statusLine_ = new StatusLine(this);
-    rows->insertSpacing(std::max(0, rows->count() - 1), kAboveButtons);
+    rows->insertSpacing(rows->count() - 1, kAboveButtons);
     rows->addWidget(statusLine_);
     // The line is most of the margin below the buttons.
     QMargins margins = rows->contentsMargins();

@@ -5,7 +5,6 @@
 namespace specialpages::qt {
 
 StatusLine::StatusLine(QWidget* parent) : QLabel(parent) {
-    setObjectName(QStringLiteral("StatusLine"));
     setTextFormat(Qt::PlainText);
     QSizePolicy policy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     policy.setRetainSizeWhenHidden(true);

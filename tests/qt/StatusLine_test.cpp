@@ -9,6 +9,7 @@
 #include <QAccessible>
 #include <QPushButton>
 #include <QToolTip>
+#include <functional>
 
 namespace specialpages::qt::testing {
 namespace {
@@ -34,6 +35,42 @@ TEST(StatusLineTest, EndsALongSentenceInDotsAndKeepsItWholeForOthers) {
     line.say({});
     EXPECT_FALSE(line.isVisible());
     EXPECT_EQ(line.text(), "");
+}
+
+TEST(StatusLineTest, ShowsASentenceAsItIsWritten) {
+    StatusLine line(nullptr);
+    line.resize(200, 20);
+    const QImage nothing = line.grab().toImage();
+    line.say("<i></i>");
+    EXPECT_NE(line.grab().toImage(), nothing) << "as markup it would show nothing";
+}
+
+/// Counts the events that come to a widget.
+class EventCount : public QObject {
+  public:
+    int of(const std::function<void()>& act) {
+        count_ = 0;
+        act();
+        return count_;
+    }
+
+  protected:
+    bool eventFilter(QObject* /*watched*/, QEvent* /*event*/) override {
+        ++count_;
+        return false;
+    }
+
+  private:
+    int count_ = 0;
+};
+
+TEST(StatusLineTest, IsLeftAloneWhenTheSameIsSaidAgain) {
+    StatusLine line(nullptr);
+    EventCount events;
+    line.installEventFilter(&events);
+    EXPECT_GT(events.of([&] { line.say("Not with covers."); }), 0);
+    EXPECT_EQ(events.of([&] { line.say("Not with covers."); }), 0) << "a reader would read it out again";
+    EXPECT_GT(events.of([&] { line.say({}); }), 0);
 }
 
 class ReasonsInDialogs : public PaneWindowsTest {
