@@ -120,6 +120,11 @@ TEST(Mnemonics, DoNotTakeALetterInBracketsOfItsOwn) {
     EXPECT_THAT(marked({"(A) tray", "(a)"}), ElementsAre("(A) &tray", "(a)(&A)"));
 }
 
+TEST(Mnemonics, TakeALetterOfAWordInBrackets) {
+    EXPECT_THAT(marked({"(Add) tray", "(on) b)"}), ElementsAre("(&Add) tray", "(&on) b)"));
+    EXPECT_THAT(marked({"t(a", "(b", "a)", "b)"}), ElementsAre("&t(a", "(&b", "&a)", "b)"));
+}
+
 TEST(Mnemonics, SkipTheLettersAfterAnApostropheAsBeginnings) {
     EXPECT_THAT(marked({"job's", "j"}), ElementsAre("j&ob's", "&j"));
     EXPECT_THAT(marked({"l’impression", "l"}), ElementsAre("l’&impression", "&l"));
