@@ -15,8 +15,13 @@ std::unique_ptr<PrinterPane> PrinterPane::open(const PrinterPaneOptions& options
 
 std::unique_ptr<PrinterPane> PrinterPane::open(host::PpdFile ppd, const PrinterPaneOptions& options,
                                                QtFace& face) {
-    std::unique_ptr<PrinterPane> pane(new PrinterPane);
     host::PaneModule module(options.bundle.empty() ? host::find_bundle() : options.bundle);
+    return open(std::move(ppd), std::move(module), options, face);
+}
+
+std::unique_ptr<PrinterPane> PrinterPane::open(host::PpdFile ppd, host::PaneModule module,
+                                               const PrinterPaneOptions& options, QtFace& face) {
+    std::unique_ptr<PrinterPane> pane(new PrinterPane);
     if (!options.language.empty()) {
         module.bundle()->setPreferredLanguages({options.language});
     }

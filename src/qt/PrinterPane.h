@@ -31,6 +31,9 @@ class PrinterPane {
     /// The same for a PPD that is open.
     static std::unique_ptr<PrinterPane> open(host::PpdFile ppd, const PrinterPaneOptions& options,
                                              QtFace& face);
+    /// The same with a module that is loaded.
+    static std::unique_ptr<PrinterPane> open(host::PpdFile ppd, host::PaneModule module,
+                                             const PrinterPaneOptions& options, QtFace& face);
 
     host::PrintHost& host() { return *host_; }
     PaneWidget& widget() { return *widget_; }
