@@ -135,7 +135,7 @@ void measure(SheetPaper& paper, const SpecialPageRecord& record, const std::stri
 /// Without the places of parts that have no name.
 std::string without_empty_places(const std::string& text) {
     std::string joined;
-    for (std::size_t at = 0; at <= text.size();) {
+    for (std::size_t at = 0; at < text.size();) {
         const std::size_t end = std::min(text.find(", ", at), text.size());
         if (end > at) {
             joined += (joined.empty() ? "" : ", ") + text.substr(at, end - at);

@@ -36,6 +36,7 @@ TEST(TabMarginValues, InchesAreRoundedToHundredthsInSinglePrecision) {
     EXPECT_EQ(tab_margin_stepper_value("0.075", kInch), 8) << "the middle goes up";
     EXPECT_EQ(tab_margin_stepper_value("0.0749", kInch), 7);
     EXPECT_EQ(tab_margin_stepper_value("1", kInch), 100);
+    EXPECT_EQ(tab_margin_stepper_value("123.45", kInch), 12345);
     EXPECT_EQ(tab_margin_stepper_value("1e39", kInch), kHighest / 10);
 }
 

@@ -1,4 +1,6 @@
+#include "ppd/ppd_access.h"
 #include "ppd/ppd_builder.h"
+#include "ppd/ppd_keywords.h"
 #include "preview/glance_fixture.h"
 #include "preview/sheet_paper.h"
 #include "records/record_builder.h"
@@ -81,6 +83,14 @@ TEST_F(SheetPaperOf, IndexesThatThePrinterDoesNotHaveLeaveTheirPlaceOut) {
     EXPECT_EQ(paper.text, "A4");
     EXPECT_EQ(paper.color, "");
     EXPECT_EQ(paper.look, PaperColor{});
+}
+
+TEST_F(SheetPaperOf, TheIndexBehindTheLastOneIsNoChoice) {
+    const int colors = GetPPDKeyOptionCount(ppd.get(), "NVMediaColor");
+    const int types = GetPPDKeyOptionCount(ppd.get(), kPPDMediaTypeKey);
+    EXPECT_EQ(of(with_paper(insert_after(1), kA4, colors, types)).text, "A4");
+    EXPECT_EQ(of(with_paper(insert_after(1), kA4, colors, types)).color, "");
+    EXPECT_NE(of(with_paper(insert_after(1), kA4, colors - 1, types)).color, "");
 }
 
 TEST_F(SheetPaperOf, TheJobHasWhatIsMarked) {

@@ -4,6 +4,7 @@
 #include "preview/sheet_words.h"
 #include "records/record_builder.h"
 #include "records/record_ticket.h"
+#include "support/temporary_bundle.h"
 
 #include <gtest/gtest.h>
 
@@ -189,6 +190,20 @@ TEST_F(RecordSentence, SpeaksJapanese) {
     EXPECT_EQ(in("ja", sided(exception("5-7"), "2")),
               "例外、5～7ページ目、両面（長辺とじ）、A3, White, Plain");
     EXPECT_EQ(in("ja", exception("7-5")), "例外（7-5）：該当するページがありません。");
+}
+
+TEST_F(RecordSentence, SaysATranslationThatHasNoPlaceForANumberAsItIs) {
+    const specialpages::test::TemporaryDirectory folder;
+    specialpages::test::write_bundle(folder.path(), "org.example.numberless");
+    specialpages::test::write_test_file(folder.path() / "en.lproj/Preview.strings",
+                                        R"("Insert After Sheet" = "Insert after a page";)"
+                                        R"("Sheets" = "sheets"; "Sentence Comma" = " / ";)");
+    const auto numberless = platform::Bundle::load(folder.path());
+    ASSERT_NE(numberless, nullptr);
+    SheetPaper paper;
+    paper.text = "A4";
+    EXPECT_EQ(record_sentence(insert_after(3, 2), paper, Sides::one, *numberless),
+              "Insert after a page / sheets / A4");
 }
 
 TEST_F(RecordSentence, IsReadFromTheRowsOfTheTable) {

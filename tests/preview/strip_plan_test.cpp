@@ -256,6 +256,37 @@ TEST(StripPlan, APictureHasATitleALegendAndNotes) {
     }
 }
 
+TEST(StripPlan, APictureIsAsWideAsItsLegendNeeds) {
+    SheetCell cell = page_cell(0, 1);
+    cell.paper.color = "Blue of the year before last"; // 28 columns
+    PlanOptions options;
+    options.picture = true;
+    // Two margins of 24, the sample with its room, and 28 columns of 62 percent of 13.
+    EXPECT_EQ(strip_plan(glance_of({cell}), options).width, 24 + 14 + 8 + 226 + 24);
+}
+
+TEST(StripPlan, NotesAreWrappedWithinTheMargins) {
+    JobGlance glance = glance_of({page_cell(0, 1)});
+    glance.notes = {std::string(200, 'x')};
+    PlanOptions options;
+    options.picture = true;
+    options.width = 500;
+    const auto lengths = [&] {
+        std::vector<std::size_t> all;
+        for (const std::string& text : texts(strip_plan(glance, options))) {
+            if (text.starts_with("xx")) {
+                all.push_back(text.size());
+            }
+        }
+        return all;
+    };
+    EXPECT_THAT(lengths(), ElementsAre(56, 56, 56, 32)) << "452 units by 62 percent of 13";
+    options.width = 100;
+    EXPECT_THAT(lengths().front(), 16) << "no shorter than that";
+    options.width = 0;
+    EXPECT_THAT(lengths().front(), 53) << "as in 480 units where nothing is wider";
+}
+
 TEST(StripPlan, TheLegendSaysOnlyWhatThePictureShows) {
     PlanOptions options;
     options.picture = true;

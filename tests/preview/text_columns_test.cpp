@@ -17,6 +17,16 @@ TEST(PreviewColumns, EastAsianCharactersCountTwo) {
     EXPECT_EQ(text_columns("2 × A5…"), 7) << "signs are narrow";
 }
 
+TEST(PreviewColumns, ScriptsAreWideFromHangulOnAndSignsNarrowUpToTheIdeographs) {
+    EXPECT_EQ(text_columns("\u10FF"), 1);
+    EXPECT_EQ(text_columns("\u1100"), 2);
+    EXPECT_EQ(text_columns("\u1FFF"), 2);
+    EXPECT_EQ(text_columns("\u2000"), 1);
+    EXPECT_EQ(text_columns("\u2E7F"), 1);
+    EXPECT_EQ(text_columns("\u2E80"), 2);
+    EXPECT_EQ(text_columns("\U0001F600"), 2);
+}
+
 TEST(PreviewColumns, IllFormedTextIsWalkedToItsEnd) {
     EXPECT_EQ(text_columns("\xFF\xFE"), text_columns("\xFF") + text_columns("\xFE"));
     EXPECT_EQ(text_columns("\x80\x80\x80\x80\x80\x80\x80"), 1);
@@ -42,6 +52,8 @@ TEST(PreviewColumns, LinesBreakAtBlanks) {
     EXPECT_THAT(wrapped("one two three", 8), ElementsAre("one two", "three"));
     EXPECT_THAT(wrapped("one two three", 7), ElementsAre("one two", "three")) << "a blank at the edge";
     EXPECT_THAT(wrapped("表紙表紙表", 4), ElementsAre("表紙", "表紙", "表")) << "no blanks to break at";
+    EXPECT_THAT(wrapped("a bcd", 3), ElementsAre("a", "bcd")) << "after one letter";
+    EXPECT_THAT(wrapped(" abc", 2), ElementsAre(" a", "bc")) << "never an empty line";
     EXPECT_THAT(wrapped("abc", 0), ElementsAre("a", "b", "c"));
 }
 
