@@ -31,7 +31,7 @@ constexpr QMargins kFrame(4, 24, 4, 8);
 /// The part of that name; any of its kind for a null name.
 template <class Widget>
 Widget& part_of(const PrintDialog& dialog, const char* name, const char* what) {
-    auto* const widget = dialog.findChild<Widget*>(name == nullptr ? QString() : QLatin1String(name));
+    auto* const widget = dialog.findChild<Widget*>(QLatin1String(name));
     if (widget == nullptr) {
         throw host::HostError(host::ErrorCode::other, "print dialog",
                               std::string("expected it to have ") + what);
@@ -157,8 +157,7 @@ void PrintDialog::showTab(PrinterTab* tab) {
         if (tab_->pane() != nullptr) {
             tab_->pane()->host().panel()->shouldHide();
         }
-        all.removeTab(all.indexOf(tab_));
-        tab_->setParent(nullptr);
+        tab_->setParent(nullptr); // no part of the dialog any more, and so no tab
     }
     tab_ = tab;
     if (tab == nullptr) {

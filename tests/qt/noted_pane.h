@@ -5,6 +5,7 @@
 #include "host/PaneModule.h"
 #include "platform/print/print_dialog_extension.h"
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -18,6 +19,7 @@ namespace specialpages::qt::testing {
 struct PaneNotes {
     std::vector<std::string> calls; ///< willShow, shouldHide, shouldPrint
     bool prints = true;
+    std::function<void()> onPrint; ///< run before the pane is asked
 };
 
 class NotedPanel final : public platform::PrintDialogPanel {
@@ -41,6 +43,9 @@ class NotedPanel final : public platform::PrintDialogPanel {
     }
     bool shouldPrint() override {
         notes_.calls.emplace_back("shouldPrint");
+        if (notes_.onPrint) {
+            notes_.onPrint();
+        }
         return panel_->shouldPrint() && notes_.prints;
     }
     bool shouldShowHelp() override { return panel_->shouldShowHelp(); }

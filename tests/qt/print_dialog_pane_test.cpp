@@ -9,6 +9,7 @@
 
 #include <QComboBox>
 #include <QPrinter>
+#include <QScreen>
 #include <QTabWidget>
 #include <QTimer>
 #include <optional>
@@ -88,13 +89,25 @@ TEST_F(PrintDialogPane, ComesAtOnceToADialogThatIsShown) {
     EXPECT_THAT(notes_.calls, ElementsAre("willShow"));
 }
 
+TEST_F(PrintDialogPane, OfTheFileIsThereWhereThatIsChosenBeforeTheDialogIsShown) {
+    EXPECT_TRUE(dialog_->choosePrinter(""));
+    EXPECT_FALSE(dialog_->choosePrinter("prod")) << "which is not there yet";
+    follow();
+    show();
+    EXPECT_EQ(dialog_->chosenPrinter(), "");
+    EXPECT_NE(dialog_->pane(), nullptr);
+}
+
 TEST_F(PrintDialogPane, IsNoPartOfTheDialogWhileAnotherPrinterIsChosen) {
     follow();
     show();
     PrinterTab* const first = dialog_->tab();
     ASSERT_NE(first, nullptr);
     EXPECT_TRUE(dialog_->isAncestorOf(first));
+    const int tabsWithOne = tabs().count();
     dialog_->choosePrinter("prod");
+    EXPECT_EQ(tabs().count(), tabsWithOne);
+    EXPECT_EQ(tabs().indexOf(first), -1);
     EXPECT_NE(dialog_->tab(), first);
     EXPECT_FALSE(dialog_->isAncestorOf(first));
     EXPECT_FALSE(first->isVisible());
@@ -121,6 +134,30 @@ TEST_F(PrintDialogPane, OpensTheDialogAtASizeInWhichItsRowsAreWhole) {
         << dialog_->width() << "x" << dialog_->height();
 }
 
+TEST_F(PrintDialogPane, OpensTheDialogWithRoomForItsFrameInEachCorner) {
+    struct Corner {
+        bool right;
+        bool bottom;
+    };
+    for (const Corner corner : {Corner{false, false}, Corner{true, true}}) {
+        dialog_.emplace(printer_);
+        show();
+        const QRect screen = dialog_->screen()->availableGeometry();
+        dialog_->move(corner.right ? screen.right() - 100 : screen.left(),
+                      corner.bottom ? screen.bottom() - 100 : screen.top());
+        settle();
+        follow();
+        QRect place(QPoint(), QSize(660, 740).expandedTo(dialog_->minimumSizeHint()));
+        if (corner.right) {
+            place.moveBottomRight(screen.bottomRight() - QPoint(4, 8));
+        } else {
+            place.moveTopLeft(screen.topLeft() + QPoint(4, 24));
+        }
+        EXPECT_TRUE(QTest::qWaitFor([&] { return dialog_->geometry() == place; }))
+            << dialog_->x() << "," << dialog_->y() << " " << dialog_->width() << "x" << dialog_->height();
+    }
+}
+
 TEST_F(PrintDialogPane, ThatRefusesStopsThePrintingAndTheDialogStays) {
     follow();
     show();
@@ -141,6 +178,26 @@ TEST_F(PrintDialogPane, ThatRefusesStopsThePrintingAndTheDialogStays) {
     EXPECT_EQ(printed, 1);
     EXPECT_FALSE(dialog_->isVisible());
     EXPECT_EQ(dialog_->result(), QDialog::Accepted);
+}
+
+TEST_F(PrintDialogPane, IsAskedWhenTheDialogsChoicesAreMarkedInItsPpd) {
+    printer_.setPageSize(QPageSize(QPageSize::A3));
+    dialog_.emplace(printer_);
+    follow();
+    show();
+    dialog_->choosePrinter("prod");
+    host::PpdFile& ppd = dialog_->pane()->host().ppd();
+    ASSERT_EQ(ppd.page_size()->width, 595) << "the PPD's own default is A4";
+    notes_.onPrint = [&] {
+        EXPECT_EQ(ppd.page_size()->width, 842);
+    };
+    host::JobOptions options;
+    dialog_->setPrintHandler([&](const PrintRequest& request) { options = request.options; });
+    notes_.calls.clear();
+    dialog_->accept();
+    EXPECT_THAT(notes_.calls, ElementsAre("shouldPrint"));
+    EXPECT_EQ(ppd.page_size()->width, 842);
+    EXPECT_EQ(options.at(0), (host::JobOption{"media", "A3"}));
 }
 
 TEST_F(PrintDialogPane, IsNotAskedWhenAnotherPrinterPrintsOrNothingIs) {
