@@ -220,5 +220,19 @@ TEST_F(RecordSentence, IsReadFromTheRowsOfTheTable) {
     }
 }
 
+class SequenceSentence : public test::GlanceTest {};
+
+TEST_F(SequenceSentence, CountsPagesAndSheetsWhereBothAreKnown) {
+    SheetSequence sequence;
+    sequence.runs.emplace_back().sheets = 1;
+    EXPECT_EQ(sequence_sentence(sequence, {1, Sides::one}, *bundle), "1 page on 1 sheet");
+    sequence.runs.emplace_back().sheets = 2;
+    EXPECT_EQ(sequence_sentence(sequence, {6, Sides::one}, *bundle), "6 pages on 3 sheets");
+    const std::string unknown = "Number of pages not known";
+    EXPECT_EQ(sequence_sentence(sequence, {std::nullopt, Sides::one}, *bundle), unknown);
+    sequence.runs.back().open = true;
+    EXPECT_EQ(sequence_sentence(sequence, {6, Sides::one}, *bundle), unknown);
+}
+
 } // namespace
 } // namespace specialpages::preview

@@ -31,6 +31,7 @@ TEST(PreviewColumns, IllFormedTextIsWalkedToItsEnd) {
     EXPECT_EQ(text_columns("\xFF\xFE"), text_columns("\xFF") + text_columns("\xFE"));
     EXPECT_EQ(text_columns("\x80\x80\x80\x80\x80\x80\x80"), 1);
     EXPECT_GT(text_columns("a\xE3"), 1);
+    EXPECT_EQ(text_columns("\xF8\x88\x80\x80\x80"), 1) << "five bytes are no character";
 }
 
 TEST(PreviewColumns, AShortTextStaysAsItIs) {
@@ -41,6 +42,8 @@ TEST(PreviewColumns, AShortTextStaysAsItIs) {
 TEST(PreviewColumns, ALongTextEndsWithAnEllipsis) {
     EXPECT_EQ(shortened("Double Postcard", 8), "Double…") << "without the blank before it";
     EXPECT_EQ(shortened("Double Postcard", 10), "Double Po…");
+    EXPECT_EQ(shortened("a bcd", 3), "a…");
+    EXPECT_EQ(shortened("  abc", 2), " …") << "one character stays, whatever it is";
     EXPECT_EQ(shortened("表紙表紙", 5), "表紙…");
     EXPECT_EQ(shortened("Front", 1), "F…") << "one character at least";
     EXPECT_EQ(shortened("Front", -7), "F…");

@@ -41,6 +41,9 @@ TEST(Mnemonics, TakeTheFirstLetterThatIsFreeAtTheBeginningOfAWord) {
 TEST(Mnemonics, PreferTheWordsThatTellTheTextsApart) {
     EXPECT_THAT(marked({"Move Up", "move Down"}), ElementsAre("Move &Up", "move &Down"));
     EXPECT_THAT(marked({"Add", "Add Covers"}), ElementsAre("&Add", "Add &Covers"));
+    EXPECT_THAT(marked({"Front page one", "Back page two"}, "f"),
+                ElementsAre("Front page &one", "&Back page two"))
+        << "a word in the middle";
     EXPECT_THAT(marked({japanese("表紙を追加", "Add Covers"), japanese("挿入紙を追加", "Add Inserts")}),
                 ElementsAre("表紙を追加(&C)", "挿入紙を追加(&I)"));
 }
@@ -55,10 +58,14 @@ TEST(Mnemonics, GoIntoAWordWhenNoBeginningIsFree) {
 
 TEST(Mnemonics, MoveAnEarlierTextToItsOtherWordForOneThatHasNone) {
     EXPECT_THAT(marked({"Paper Size", "Paper"}), ElementsAre("Paper &Size", "&Paper"));
+    EXPECT_THAT(marked({"Page Size", "Pack"}), ElementsAre("Page &Size", "&Pack"))
+        << "before that one looks into its word";
 }
 
 TEST(Mnemonics, MoveAnEarlierTextIntoAWordOnlyForOneThatWouldGoWithout) {
     EXPECT_THAT(marked({"abc", "a"}), ElementsAre("a&bc", "&a"));
+    EXPECT_THAT(marked({"a", "bd", "ce", "ab c"}), ElementsAre("&a", "&bd", "c&e", "ab &c"))
+        << "for the beginning of a word rather than a letter in one";
     EXPECT_THAT(marked({"ab", "bc", "c", "a"}), ElementsAre("&ab", "&bc", "&c", "a"));
     EXPECT_THAT(marked({"ab", "bc", "cd", "a"}), ElementsAre("a&b", "b&c", "c&d", "&a"));
 }
@@ -112,6 +119,8 @@ TEST(Mnemonics, TakeAnyLetterForAnotherScriptWhenTheLatinTextsAreTaken) {
 TEST(Mnemonics, AreLettersThatEveryLatinKeyboardHas) {
     EXPECT_THAT(marked({"Überschrift", "Éditer", "ößé", "Ａ"}),
                 ElementsAre("Ü&berschrift", "É&diter", "ößé(&A)", "Ａ(&C)"));
+    EXPECT_THAT(marked({"zoom", "Z", "zz"}), ElementsAre("z&oom", "&Z", "zz")) << "from A to Z";
+    EXPECT_THAT(marked({"\u212A"}), ElementsAre("\u212A(&A)")) << "the sign of kelvins is no K";
     // "é" in two parts: the letter is not split from its accent.
     EXPECT_THAT(marked({"e\u0301diter"}), ElementsAre("e\u0301&diter"));
 }
