@@ -38,6 +38,7 @@ TEST(TabMarginValues, InchesAreRoundedToHundredthsInSinglePrecision) {
     EXPECT_EQ(tab_margin_stepper_value("1", kInch), 100);
     EXPECT_EQ(tab_margin_stepper_value("123.45", kInch), 12345);
     EXPECT_EQ(tab_margin_stepper_value("1e39", kInch), kHighest / 10);
+    EXPECT_EQ(tab_margin_stepper_value("2147483.7", kInch), kHighest / 10) << "the first float beyond it";
 }
 
 TEST(TabMarginValues, EveryHundredthAndTenthIsReadBackAsPrinted) {
@@ -71,6 +72,7 @@ TEST(TabMarginValues, AcceptedAreWholeNumbersAndExactDecimalsInTheRange) {
     for (const char* text : {"0", "0.00", "0.59", "0.50", "00.5"}) {
         EXPECT_EQ(is_tab_margin(text, kInch, kInchRange), std::string(text) != "00.5") << text;
     }
+    EXPECT_TRUE(is_tab_margin("1.00", kInch, {100, 100}));
     for (const char* text : {"", ".50", "0.", "0.5", "0.60", "1", "0.123", "0.5.0", "-0.01"}) {
         EXPECT_FALSE(is_tab_margin(text, kInch, kInchRange)) << text;
     }

@@ -134,6 +134,7 @@ TEST(RememberedSettingsName, IsReadableAndCannotLeadElsewhere) {
     EXPECT_EQ(remembered_settings_name("prod-1.a"), "prod-1.a.json");
     EXPECT_EQ(remembered_settings_name("azAZ09"), "azAZ09.json");
     EXPECT_EQ(remembered_settings_name("`{@[/:"), "_60_7b_40_5b_2f_3a.json") << "their neighbours";
+    EXPECT_EQ(remembered_settings_name("\x80"), "\x80.json");
     EXPECT_EQ(remembered_settings_name(".."), "_2e..json");
     EXPECT_EQ(remembered_settings_name("../a b"), "_2e._2fa_20b.json");
     EXPECT_EQ(remembered_settings_name("a_b"), "a_5fb.json");

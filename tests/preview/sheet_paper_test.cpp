@@ -58,7 +58,12 @@ TEST_F(SheetPaperOf, AnAbsurdSizeOfOnesOwnIsBounded) {
                                     .with(RecordKey::width, "99999999999.0")
                                     .with(RecordKey::length, "-5.0"));
     EXPECT_EQ(paper.width, 100'000'000);
-    EXPECT_GE(paper.length, 0);
+    EXPECT_EQ(paper.length, 0);
+    const SheetPaper turned = of(with_paper(insert_after(1), kCustom, 0, 0)
+                                     .with(RecordKey::width, "-5.0")
+                                     .with(RecordKey::length, "99999999999.0"));
+    EXPECT_EQ(turned.width, 0);
+    EXPECT_EQ(turned.length, 100'000'000);
 }
 
 TEST_F(SheetPaperOf, TheInterposerHasAWordInPlaceOfPaper) {
