@@ -239,7 +239,7 @@ class CellPlan {
 
 /// One entry of the legend.
 struct LegendEntry {
-    SheetCell sample;    ///< for paper, two-sided and piles
+    SheetCell sample;    ///< for paper, two-sided (printed) and piles
     Ink ink = Ink::none; ///< for a kind
     std::string text;
 };
@@ -260,7 +260,6 @@ std::vector<LegendEntry> legend_entries(const JobGlance& glance) {
     }
     const auto sample = [](bool printed, std::int64_t sheets) {
         SheetCell cell;
-        cell.sides = printed ? Sides::longEdge : Sides::one;
         cell.printed = printed;
         cell.sheets = sheets;
         return cell;

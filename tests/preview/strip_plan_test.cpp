@@ -29,6 +29,16 @@ PlanText number(int x, int y, const char* text, int size = 17) {
     return {x, y, Anchor::middle, size, true, Ink::number, text};
 }
 
+std::vector<std::string> texts(const StripPlan& plan) {
+    std::vector<std::string> all;
+    for (const PlanItem& item : plan.items) {
+        if (const auto* text = std::get_if<PlanText>(&item)) {
+            all.push_back(text->text);
+        }
+    }
+    return all;
+}
+
 TEST(StripPlan, APageIsASheetWithLinesAndItsNumber) {
     const StripPlan plan = strip_plan(glance_of({page_cell(0, 1)}), {});
     EXPECT_EQ(plan.width, 91);
@@ -67,6 +77,29 @@ TEST(StripPlan, APileOfPagesSaysTheFirstAndTheLast) {
     EXPECT_THAT(items, Contains(PlanItem(number(41, 70, "3"))));
     EXPECT_THAT(items, Contains(PlanItem(number(41, 96, "22"))));
     EXPECT_THAT(items, Contains(PlanItem(filled(34, 76, 2, 2, 1, Ink::faintNumber))));
+    EXPECT_THAT(texts(strip_plan(glance_of({cell}), {})), ElementsAre("3", "22"));
+    cell.sheets = 0; // whose end nobody knows
+    cell.lastPage = 0;
+    EXPECT_THAT(texts(strip_plan(glance_of({cell}), {})), ElementsAre("3"));
+}
+
+TEST(StripPlan, NumbersStandAtTheirHeightOfALargeSheet) {
+    SheetCell large = page_cell(0, 3); // drawn from 20 to 139
+    large.paper.width = 29700;
+    large.paper.length = 42000;
+    EXPECT_THAT(strip_plan(glance_of({large}), {}).items, Contains(PlanItem(number(54, 100, "3"))));
+    large.lastPage = 4;
+    large.sides = Sides::longEdge;
+    const auto both = strip_plan(glance_of({large}), {}).items;
+    EXPECT_THAT(both, Contains(PlanItem(number(54, 93, "3"))));
+    EXPECT_THAT(both, Contains(PlanItem(PlanLine{33, 103, 75, 103, Ink::print})));
+    EXPECT_THAT(both,
+                Contains(PlanItem(PlanText{54, 122, Anchor::middle, 11, false, Ink::faintNumber, "4"})));
+    large.sheets = 2;
+    const auto pile = strip_plan(glance_of({large}), {}).items;
+    EXPECT_THAT(pile, Contains(PlanItem(number(54, 91, "3"))));
+    EXPECT_THAT(pile, Contains(PlanItem(filled(47, 99, 2, 2, 1, Ink::faintNumber))));
+    EXPECT_THAT(pile, Contains(PlanItem(number(54, 128, "4"))));
 }
 
 TEST(StripPlan, ABackLooksOutAtTheEdgeThatIsTurned) {
@@ -105,6 +138,8 @@ TEST(StripPlan, ACoverPrintedOnSideTwoHasABlankFront) {
 }
 
 TEST(StripPlan, LongNumbersAreSetSmaller) {
+    EXPECT_THAT(strip_plan(glance_of({page_cell(0, 12'345)}), {}).items,
+                Contains(PlanItem(number(41, 77, "12345", 17))));
     const auto items = strip_plan(glance_of({page_cell(0, 1'234'567)}), {}).items;
     EXPECT_THAT(items, Contains(PlanItem(number(41, 77, "1234567", 12))));
     const auto huge =
@@ -144,6 +179,28 @@ TEST(StripPlan, SheetsHaveTheirSizeInTheScaleOfTheJob) {
     EXPECT_THAT(items_of(plan, 2), Contains(PlanItem(sheet(219, 119, 59, 20))))
         << "never too thin to be seen";
     EXPECT_THAT(items_of(plan, 3), Contains(PlanItem(sheet(310, 55, 59, 84)))) << "as the job's";
+}
+
+TEST(StripPlan, AJobOfASquareSheetHasItsUnknownSheetsSquare) {
+    SheetCell unknown = insert_cell(0, 0, 1);
+    unknown.paper.width = 0;
+    JobGlance glance = glance_of({unknown, insert_cell(1, 1, 1)});
+    glance.paper.width = 30000;
+    glance.paper.length = 30000;
+    const StripPlan plan = strip_plan(glance, {});
+    EXPECT_THAT(items_of(plan, 0), Contains(PlanItem(sheet(12, 20, 84, 84))));
+    EXPECT_THAT(items_of(plan, 1), Contains(PlanItem(sheet(128, 21, 59, 83)))) << "A4, a little shorter";
+}
+
+TEST(StripPlan, AJobWhoseSheetNobodyKnowsIsA4) {
+    SheetCell unknown = insert_cell(0, 0, 1);
+    unknown.paper.length = 0;
+    JobGlance glance = glance_of({unknown, insert_cell(1, 1, 1)});
+    glance.paper.width = 0;
+    glance.paper.length = 0;
+    const StripPlan plan = strip_plan(glance, {});
+    EXPECT_THAT(items_of(plan, 0), Contains(PlanItem(sheet(12, 20, 59, 84))));
+    EXPECT_THAT(items_of(plan, 1), Contains(PlanItem(sheet(103, 20, 59, 84))));
 }
 
 TEST(StripPlan, AnAbsurdSheetStaysWithinItsRow) {
@@ -220,16 +277,6 @@ TEST(StripPlan, NothingIsAnEmptyRow) {
     EXPECT_TRUE(plan.cells.empty());
 }
 
-std::vector<std::string> texts(const StripPlan& plan) {
-    std::vector<std::string> all;
-    for (const PlanItem& item : plan.items) {
-        if (const auto* text = std::get_if<PlanText>(&item)) {
-            all.push_back(text->text);
-        }
-    }
-    return all;
-}
-
 TEST(StripPlan, APictureHasATitleALegendAndNotes) {
     SheetCell cover = insert_cell(0, 0, 1);
     cover.kind = SheetKind::frontCover;
@@ -263,6 +310,44 @@ TEST(StripPlan, APictureIsAsWideAsItsLegendNeeds) {
     options.picture = true;
     // Two margins of 24, the sample with its room, and 28 columns of 62 percent of 13.
     EXPECT_EQ(strip_plan(glance_of({cell}), options).width, 24 + 14 + 8 + 226 + 24);
+}
+
+TEST(StripPlan, APictureIsAsWideAsItsTitleOrItsSetupNeeds) {
+    PlanOptions options;
+    options.picture = true;
+    JobGlance glance = glance_of({page_cell(0, 1)});
+    glance.summary = std::string(30, 'x');
+    EXPECT_EQ(strip_plan(glance, options).width, 24 + 372 + 24) << "62 percent of 20";
+    glance.setup = std::string(60, 'x');
+    EXPECT_EQ(strip_plan(glance, options).width, 24 + 484 + 24) << "62 percent of 13, rounded up";
+}
+
+TEST(StripPlan, TheLegendShowsABackBehindASheetAndAPileAboveIt) {
+    PlanOptions options;
+    options.picture = true;
+    SheetCell turned = page_cell(0, 1);
+    turned.lastPage = 2;
+    turned.sides = Sides::longEdge;
+    const auto back = strip_plan(glance_of({turned}), options).items;
+    EXPECT_THAT(back, Contains(PlanItem(sheet(27, 224, 10, 10))));
+    EXPECT_THAT(back, Contains(PlanItem(sheet(24, 222, 10, 14))));
+    SheetCell pile = page_cell(0, 1);
+    pile.sheets = 3;
+    pile.lastPage = 3;
+    const auto sheets = strip_plan(glance_of({pile}), options).items;
+    EXPECT_THAT(sheets, Contains(PlanItem(sheet(27, 220, 10, 14))));
+    EXPECT_THAT(sheets, Contains(PlanItem(sheet(24, 222, 10, 14))));
+}
+
+TEST(StripPlan, ANoteStandsBelowTheLegendAndMayBeWiderThanAllElse) {
+    JobGlance glance = glance_of({page_cell(0, 1)});
+    glance.notes = {std::string(53, 'x')};
+    PlanOptions options;
+    options.picture = true;
+    const StripPlan plan = strip_plan(glance, options);
+    EXPECT_EQ(plan.width, 24 + 428 + 24);
+    EXPECT_EQ(plan.items.back(),
+              PlanItem(PlanText{24, 269, Anchor::start, 13, false, Ink::faintText, glance.notes[0]}));
 }
 
 TEST(StripPlan, NotesAreWrappedWithinTheMargins) {
