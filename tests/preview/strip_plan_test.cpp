@@ -322,6 +322,32 @@ TEST(StripPlan, APictureIsAsWideAsItsTitleOrItsSetupNeeds) {
     EXPECT_EQ(strip_plan(glance, options).width, 24 + 484 + 24) << "62 percent of 13, rounded up";
 }
 
+TEST(StripPlan, TheLegendIsBrokenToStayWithinTheWidth) {
+    SheetCell blue = page_cell(0, 2);
+    blue.paper.color = "Blue";
+    PlanOptions options;
+    options.picture = true;
+    const auto place = [&](const std::string& entry) {
+        for (const PlanItem& item : strip_plan(glance_of({page_cell(0, 1), blue}), options).items) {
+            const auto* const text = std::get_if<PlanText>(&item);
+            if (text != nullptr && text->text == entry) {
+                return std::pair(text->x, text->y);
+            }
+        }
+        return std::pair(0, 0);
+    };
+    // "White" from 24 to 87, a gap of 22, "Blue" to 164, and the margin of 24.
+    options.width = 188;
+    const auto [x, y] = place("White");
+    EXPECT_EQ(x, 24 + 22);
+    EXPECT_EQ(place("Blue"), std::pair(109 + 22, y));
+    options.width = 187;
+    EXPECT_EQ(place("White"), std::pair(x, y));
+    EXPECT_EQ(place("Blue"), std::pair(x, y + 24));
+    options.width = 0;
+    EXPECT_EQ(place("Blue").second, place("White").second) << "as wide as it gets";
+}
+
 TEST(StripPlan, TheLegendShowsABackBehindASheetAndAPileAboveIt) {
     PlanOptions options;
     options.picture = true;
