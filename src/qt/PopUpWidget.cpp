@@ -1,5 +1,7 @@
 #include "qt/PopUpWidget.h"
 
+#include "qt/tips.h"
+
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMenu>
@@ -102,7 +104,7 @@ void PopUpWidget::tellReason(QAction& action) {
         return;
     }
     const QRect item = menu->actionGeometry(&action);
-    QToolTip::showText(menu->mapToGlobal(item.bottomLeft()), reason, menu, item);
+    QToolTip::showText(menu->mapToGlobal(item.bottomLeft()), literal_tip(reason), menu, item);
 }
 
 void PopUpWidget::tellStatus(const QString& sentence) {
@@ -113,7 +115,7 @@ void PopUpWidget::tellStatus(const QString& sentence) {
 bool PopUpWidget::event(QEvent* event) {
     // The keyboard passes a disabled button over, the mouse does not.
     if (event->type() == QEvent::Enter && !isEnabled()) {
-        tellStatus(toolTip());
+        tellStatus(plain_tip(toolTip()));
     } else if (event->type() == QEvent::Leave && menu_ == nullptr) {
         tellStatus({});
     }

@@ -2,6 +2,7 @@
 
 #include "preview/picture_inks.h"
 #include "qt/text.h"
+#include "qt/tips.h"
 
 #include <QAccessible>
 #include <QGuiApplication>
@@ -383,7 +384,7 @@ bool SheetStrip::viewportEvent(QEvent* event) {
     if (event->type() == QEvent::ToolTip) {
         const auto* const help = static_cast<QHelpEvent*>(event);
         if (const auto cell = cellAt(help->pos())) {
-            QToolTip::showText(help->globalPos(), shown_text(glance_.cells[*cell].sentence), viewport(),
+            QToolTip::showText(help->globalPos(), literal_tip(glance_.cells[*cell].sentence), viewport(),
                                cellRect(*cell));
         } else {
             QToolTip::hideText();

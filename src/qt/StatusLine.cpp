@@ -1,5 +1,7 @@
 #include "qt/StatusLine.h"
 
+#include "qt/tips.h"
+
 #include <QResizeEvent>
 
 namespace specialpages::qt {
@@ -34,7 +36,7 @@ void StatusLine::resizeEvent(QResizeEvent* event) {
 void StatusLine::fit() {
     const QString fitting = fontMetrics().elidedText(sentence_, Qt::ElideRight, contentsRect().width());
     setText(fitting);
-    setToolTip(fitting == sentence_ ? QString() : sentence_);
+    setToolTip(fitting == sentence_ ? QString() : literal_tip(sentence_));
 }
 
 } // namespace specialpages::qt

@@ -1,6 +1,7 @@
 #include "qt/TableWidget.h"
 
 #include "qt/text.h"
+#include "qt/tips.h"
 
 #include <QAbstractTableModel>
 #include <QHeaderView>
@@ -60,7 +61,7 @@ class TableRows : public QAbstractTableModel {
             return shown_text(table_->text(row, column));
         case Qt::ToolTipRole: {
             const auto tip = table_->toolTipForRow(row);
-            return tip ? QVariant(shown_text(*tip)) : QVariant();
+            return tip ? QVariant(literal_tip(*tip)) : QVariant();
         }
         case Qt::AccessibleTextRole:
             // Going from row to row, readers say the cells in their order, and know of nothing that stands

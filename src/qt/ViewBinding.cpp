@@ -1,6 +1,7 @@
 #include "qt/ViewBinding.h"
 
 #include "qt/text.h"
+#include "qt/tips.h"
 
 #include <QWidget>
 
@@ -37,7 +38,7 @@ bool ViewBinding::showCommon(ViewChange change) {
         }
         return !widget_.isWindow();
     case ViewChange::toolTip:
-        widget_.setToolTip(shown_text(view_.toolTip()));
+        widget_.setToolTip(literal_tip(view_.toolTip()));
         return true;
     case ViewChange::tag:
         widget_.setProperty("tag", view_.tag());

@@ -2,6 +2,7 @@
 
 #include "platform/toolkit/PopUpButton.h"
 #include "qt/text.h"
+#include "qt/tips.h"
 
 #include <QMenu>
 #include <QToolTip>
@@ -22,7 +23,7 @@ void describe(QAction& action, const platform::MenuItem& item) {
     action.setData(item.tag());
     action.setProperty(kEnabled, item.isEnabled());
     // Without a text of its own a tool tip would repeat the title.
-    action.setToolTip(shown_text(item.toolTip()));
+    action.setToolTip(literal_tip(item.toolTip()));
     action.setStatusTip(shown_text(item.toolTip()));
 }
 

@@ -121,6 +121,16 @@ TEST_F(MirrorTest, AnAmpersandOfATextStays) {
     EXPECT_EQ(widget<QLabel>("SPSummaryTitleStaticEdit").text(), "A && &B");
 }
 
+TEST_F(MirrorTest, AToolTipsMarkupIsSaidAsItStands) {
+    open();
+    QWidget& button = widget<QWidget>("SPUndoButton");
+    platform::View* const view =
+        pane_->host().panel()->panelView()->viewWithTag(button.property("tag").toInt());
+    ASSERT_NE(view, nullptr);
+    view->setToolTip("Not with <b>Blue</b>");
+    EXPECT_EQ(button.toolTip(), "<p>Not with &lt;b&gt;Blue&lt;/b&gt;</p>");
+}
+
 TEST_F(MirrorTest, TheTablesKeysPressThePanesButtons) {
     open(host::read_settings_file(kHandbook));
     auto& table = widget<TableWidget>("SPSummaryInfoTableView");
