@@ -118,6 +118,17 @@ class ByHand : public PaneWindowsTest {
         settle();
     }
 
+    /// Declares an insert after page 4 with the paper at that place of the menu.
+    Script insertByKeys(const std::vector<int>& paper) {
+        return [this, paper](QWidget& dialog) {
+            alt("spInstPageNumTitle");
+            typeText(dialog, "4");
+            alt("spInstPaperViewTitle");
+            pickByKeys(dialog, paper);
+            press_key(dialog, Qt::Key_Return);
+        };
+    }
+
     // The mouse.
 
     static void pickByMouse(PopUpWidget& popup, const std::vector<int>& path) {
@@ -225,14 +236,7 @@ TEST_F(ByHand, ExceptionsByTheKeyboardAlone) {
 
 TEST_F(ByHand, TheAdvancedWindowByTheKeyboardAlone) {
     open();
-    inDialogs({[&](QWidget& dialog) {
-                   alt("spInstPageNumTitle");
-                   typeText(dialog, "4");
-                   alt("spInstPaperViewTitle");
-                   pickByKeys(dialog, {kAdvanced});
-                   press_key(dialog, Qt::Key_Return);
-               },
-               [&](QWidget& dialog) {
+    inDialogs({insertByKeys({kAdvanced}), [&](QWidget& dialog) {
                    EXPECT_EQ(dialog.objectName(), "SPAdvSeleWndRef");
                    alt("spAdvPaperColorTitle");
                    press_key(dialog, Qt::Key_Down);
@@ -245,14 +249,7 @@ TEST_F(ByHand, TheAdvancedWindowByTheKeyboardAlone) {
 
 TEST_F(ByHand, TheCustomSizeByTheKeyboardAlone) {
     open();
-    inDialogs({[&](QWidget& dialog) {
-                   alt("spInstPageNumTitle");
-                   typeText(dialog, "4");
-                   alt("spInstPaperViewTitle");
-                   pickByKeys(dialog, {kSize, kCustomSize});
-                   press_key(dialog, Qt::Key_Return);
-               },
-               [&](QWidget& dialog) {
+    inDialogs({insertByKeys({kSize, kCustomSize}), [&](QWidget& dialog) {
                    EXPECT_EQ(dialog.objectName(), "spCustomSizeWindow");
                    alt("spCustomSizeWidthMMStaticText");
                    typeText(dialog, "200.5");
@@ -267,14 +264,7 @@ TEST_F(ByHand, TheCustomSizeByTheKeyboardAlone) {
 
 TEST_F(ByHand, TheCustomSizeInInchesByTheKeyboardAlone) {
     open();
-    inDialogs({[&](QWidget& dialog) {
-                   alt("spInstPageNumTitle");
-                   typeText(dialog, "4");
-                   alt("spInstPaperViewTitle");
-                   pickByKeys(dialog, {kSize, kCustomSize});
-                   press_key(dialog, Qt::Key_Return);
-               },
-               [&](QWidget& dialog) {
+    inDialogs({insertByKeys({kSize, kCustomSize}), [&](QWidget& dialog) {
                    alt("spCustomSizeInchesRadioButton");
                    alt("spCustomSizeWidthInchStaticText");
                    typeText(dialog, "8.50");
@@ -289,14 +279,7 @@ TEST_F(ByHand, TheCustomSizeInInchesByTheKeyboardAlone) {
 
 TEST_F(ByHand, TabStockByTheKeyboardAlone) {
     open();
-    inDialogs({[&](QWidget& dialog) {
-                   alt("spInstPageNumTitle");
-                   typeText(dialog, "4");
-                   alt("spInstPaperViewTitle");
-                   pickByKeys(dialog, {kType, kTabStock});
-                   press_key(dialog, Qt::Key_Return);
-               },
-               [&](QWidget& dialog) {
+    inDialogs({insertByKeys({kType, kTabStock}), [&](QWidget& dialog) {
                    EXPECT_EQ(dialog.objectName(), "spTabStockSubWindow");
                    alt("spNumInSequenceSubStaticText");
                    typeText(dialog, "7");
