@@ -6,6 +6,7 @@
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QStatusTipEvent>
+#include <QWindow>
 #include <utility>
 
 namespace specialpages::qt {
@@ -25,6 +26,11 @@ DialogWidget::DialogWidget(QWidget* parent) : QDialog(parent) {
 void DialogWidget::setHandlers(std::function<void()> accepted, std::function<void()> cancelled) {
     accepted_ = std::move(accepted);
     cancelled_ = std::move(cancelled);
+}
+
+void DialogWidget::standOver(QWidget& opener) {
+    create();
+    windowHandle()->setTransientParent(opener.windowHandle());
 }
 
 void DialogWidget::addStatusLine() {

@@ -16,6 +16,10 @@ class DialogWidget : public QDialog {
     /// What Return and Escape (or the close box) do.
     void setHandlers(std::function<void()> accepted, std::function<void()> cancelled);
 
+    /// Makes the window of the dialog, so that it stands over `opener`, a window that has been shown. (Asking
+    /// for the window's number would make windows of all widgets above and beside the dialog.)
+    void standOver(QWidget& opener);
+
     /// Gives the dialog a status line at its foot, below the buttons, where a menu of a list rarely reaches;
     /// the dialog has its layout. Status tips of anything in it (QStatusTipEvent) are shown there from now
     /// on.

@@ -13,7 +13,6 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QScreen>
-#include <QWindow>
 #include <algorithm>
 
 namespace specialpages::qt {
@@ -57,8 +56,7 @@ void QtFace::runEvents(platform::Window& window, const std::function<bool()>& st
                                          : dialog->parentWidget()->window();
     dialog->setWindowModality(Qt::ApplicationModal);
     dialog->resize(size_for(*dialog));
-    dialog->winId(); // makes its window, which then stands over the one that opened it
-    dialog->windowHandle()->setTransientParent(opener->windowHandle());
+    dialog->standOver(*opener);
     dialog->show();
     dialog->activateWindow();
     pane_->showFocus(window);

@@ -9,6 +9,7 @@
 #include <QPushButton>
 #include <QStatusTipEvent>
 #include <QVBoxLayout>
+#include <QWindow>
 
 namespace specialpages::qt::testing {
 namespace {
@@ -41,6 +42,22 @@ class DialogWidgetTest : public ::testing::Test {
     int accepted_ = 0;
     int cancelled_ = 0;
 };
+
+TEST(DialogWidget, StandsOverItsOpenerAndLeavesTheOtherWidgetsWithoutWindows) {
+    QWidget opener;
+    QWidget part(&opener);
+    QWidget beside(&part);
+    DialogWidget dialog(&part);
+    opener.show();
+    dialog.standOver(opener);
+    ASSERT_NE(dialog.windowHandle(), nullptr);
+    EXPECT_EQ(dialog.windowHandle()->transientParent(), opener.windowHandle());
+    EXPECT_EQ(part.internalWinId(), 0U);
+    EXPECT_EQ(beside.internalWinId(), 0U);
+    dialog.show();
+    EXPECT_EQ(dialog.windowHandle()->transientParent(), opener.windowHandle()) << "once it is shown";
+    EXPECT_EQ(beside.internalWinId(), 0U);
+}
 
 TEST_F(DialogWidgetTest, TheStatusLineStandsBelowTheButtonsInHalfOfTheirMargin) {
     dialog_.addStatusLine();
