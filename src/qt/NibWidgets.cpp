@@ -230,7 +230,7 @@ NibWidgets::NibWidgets(std::shared_ptr<const platform::NibSource> nib, QWidget& 
         others.push_back(&nib_->root);
     }
     for (const NibElement& child : nib_->root.children) {
-        if (child.kind == ViewKind::window && window_node(ui, child.name)) {
+        if (child.kind == ViewKind::window && !child.name.empty() && window_node(ui, child.name)) {
             windows.push_back(&child);
         } else {
             add_named(child, others);

@@ -80,6 +80,18 @@ TEST_F(NibWidgetsTest, AWindowsWrongWidgetIsRefusedBeforeTheWindowIsMade) {
               "expected a widget \"gone\", after which others are named");
 }
 
+TEST_F(NibWidgetsTest, WindowsWithoutANameAreMadeAtOnce) {
+    QWidget parent;
+    const NibWidgets widgets(
+        platform::read_nib(
+            nib(R"(<widget class="QDialog" name=""><widget class="QLineEdit" name="one"/></widget>
+            <widget class="QDialog" name=""><widget class="QLineEdit" name="two"/></widget>)")),
+        parent);
+    EXPECT_EQ(widgets.root().findChildren<QDialog*>().size(), 2);
+    EXPECT_NE(widgets.find("one"), nullptr);
+    EXPECT_NE(widgets.find("two"), nullptr);
+}
+
 TEST_F(NibWidgetsTest, ThePathsOfQtsPluginsAreAsBefore) {
     const QStringList before = QCoreApplication::libraryPaths();
     QWidget parent;
