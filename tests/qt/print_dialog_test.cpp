@@ -10,7 +10,10 @@
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
+#include <QAbstractFileIconProvider>
 #include <QDialogButtonBox>
+#include <QFileInfo>
+#include <QFileSystemModel>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPrinter>
@@ -96,6 +99,16 @@ TEST_F(PrintDialogTest, AllOfTheDialogIsOnTheScreenAndTheRowsAreWhole) {
     const auto* const table = dialog.findChild<QTableView*>("SPSummaryInfoTableView");
     ASSERT_NE(table, nullptr);
     EXPECT_TRUE(QTest::qWaitFor([&] { return !table->horizontalScrollBar()->isVisible(); }));
+}
+
+TEST_F(PrintDialogTest, ItsTabsHaveNoFrameAndNoFileIsLookedUpForItsSymbol) {
+    PrintDialog dialog(printer_);
+    EXPECT_TRUE(dialog.findChild<QTabWidget*>()->documentMode());
+    const auto* const files = dialog.findChild<QFileSystemModel*>();
+    ASSERT_NE(files, nullptr) << "the name of the file to print into is completed";
+    // Without a theme no symbol is found in any case; but neither is the type of a file looked up.
+    EXPECT_EQ(files->iconProvider()->type(QFileInfo(QStringLiteral("/"))), "");
+    EXPECT_TRUE(files->iconProvider()->icon(QFileInfo(QStringLiteral("/"))).isNull());
 }
 
 TEST_F(PrintDialogTest, PrintWritesTheSettings) {
